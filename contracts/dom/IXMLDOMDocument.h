@@ -1,0 +1,76 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include "dom/IXMLDOMElement.h"
+#include "dom/IXMLDOMNode.h"
+#include "dom/IXMLDOMNodeList.h"
+
+// Why a document was not read or not written. `line` and `column` are 0 where there is no place in a text.
+struct DomError {
+  std::string file;
+  unsigned line = 0;
+  unsigned column = 0;
+  std::string reason;
+
+  // "file:line:column: reason", without the parts that are not known.
+  std::string message() const;
+};
+
+// A handle to a document node: null when made from any other node.
+class IXMLDOMDocument : public IXMLDOMNode {
+ public:
+  IXMLDOMDocument() noexcept = default;
+  IXMLDOMDocument(const IXMLDOMNode& node) noexcept  // NOLINT(google-explicit-constructor)
+      : IXMLDOMNode(node.nodeType() == NODE_DOCUMENT ? node : IXMLDOMNode()) {}
+
+  // A new empty document.
+  static IXMLDOMDocument create();
+
+  // True at first: white space between elements is kept as it is read. Set it before reading.
+  bool preserveWhiteSpace() const noexcept;
+  void putPreserveWhiteSpace(bool preserve) const noexcept;
+
+  // Replace the content of this document by what the file, stream or text holds. Handles to former nodes
+  // stay good, detached. A false result leaves the document as it was and tells file, line, column and
+  // reason: text that is not well-formed or mis-encoded, a document type declaration, more than maxDepth
+  // levels, a file that cannot be read. Reading streams: the text is never held whole beside the tree.
+  bool load(const std::string& fileName, DomError* error = nullptr) const;
+  bool load(std::istream& stream, DomError* error = nullptr) const;
+  bool loadXML(std::string_view text, DomError* error = nullptr) const;
+
+  // Writes the document in UTF-8. To a file it is all or nothing: a temporary file beside the target is
+  // written, flushed to disk and renamed onto it; after a false result the former file is whole, no temporary
+  // file is left, and `error` names the cause.
+  bool save(const std::string& fileName, DomError* error = nullptr) const;
+  bool save(std::ostream& stream, DomError* error = nullptr) const;
+
+  IXMLDOMElement documentElement() const;
+
+  // A detached node owned by this document. Types: element, attribute, text, CDATA section, comment,
+  // processing instruction. Null for another type and for a name that XML does not allow. The namespace is
+  // not looked at: names are carried as they are written, prefix included.
+  IXMLDOMNode createNode(int type, std::string_view name, std::string_view nameSpace = {}) const;
+  IXMLDOMElement createElement(std::string_view name) const;
+  IXMLDOMNode createTextNode(std::string_view text) const;
+
+  // First element in document order whose attribute `name` has exactly this value. The first search for an
+  // attribute name makes an index, which the document keeps in step with its changes. The value is data: no
+  // character in it has a meaning.
+  bool findByAttribute(std::string_view name, std::string_view value, IXMLDOMElement& found) const;
+  // First element in document order that has a child element `child` with exactly this text; indexed alike.
+  bool findByChildText(std::string_view child, std::string_view text, IXMLDOMElement& found) const;
+
+  // Nodes of all kinds alive in this process, for leak tests. A text that stands in its element alone is no
+  // node until someone asks for it.
+  static std::size_t livingNodes() noexcept;
+
+ private:
+  using IXMLDOMNode::IXMLDOMNode;
+  friend struct dom::Node;
+};
+
+template <>
+struct std::hash<IXMLDOMDocument> : std::hash<IXMLDOMNode> {};

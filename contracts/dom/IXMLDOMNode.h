@@ -1,0 +1,140 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+class IXMLDOMDocument;
+class IXMLDOMElement;
+class IXMLDOMNodeList;
+
+namespace dom {
+struct Node;
+}
+
+enum DOMNodeType : int {
+  NODE_INVALID = 0,  // the null handle
+  NODE_ELEMENT = 1,
+  NODE_ATTRIBUTE = 2,
+  NODE_TEXT = 3,
+  NODE_CDATA_SECTION = 4,
+  NODE_PROCESSING_INSTRUCTION = 7,
+  NODE_COMMENT = 8,
+  NODE_DOCUMENT = 9,
+};
+
+// A counted handle to one node of a document tree, one pointer in size. Handles compare by identity of the
+// node. A node lives while it stands in a living document, or while a handle holds it or any node of its
+// detached tree; a document lives while a handle to it, to a node in it, or to a detached node that it owns
+// exists. So no handle ever dangles.
+//
+// A null handle may be asked anything: it answers NODE_INVALID, empty text, a null handle or false. Every
+// operation that answers false has changed nothing.
+//
+// All documents of the process, their nodes and handles belong to one thread at a time: counts and the name
+// table are not locked.
+class IXMLDOMNode {
+ public:
+  IXMLDOMNode() noexcept = default;
+  IXMLDOMNode(const IXMLDOMNode& other) noexcept : node_(other.node_) { acquire(node_); }
+  IXMLDOMNode(IXMLDOMNode&& other) noexcept : node_(std::exchange(other.node_, nullptr)) {}
+  IXMLDOMNode& operator=(const IXMLDOMNode& other) noexcept;
+  IXMLDOMNode& operator=(IXMLDOMNode&& other) noexcept;
+  ~IXMLDOMNode() { release(node_); }
+
+  explicit operator bool() const noexcept { return node_ != nullptr; }
+  friend bool operator==(const IXMLDOMNode& a, const IXMLDOMNode& b) noexcept { return a.node_ == b.node_; }
+
+  int nodeType() const noexcept;
+
+  // Qualified name of an element or attribute as it was written, target of a processing instruction, else
+  // "#text", "#cdata-section", "#comment", "#document". The view stays good for the life of the process.
+  std::string_view nodeName() const noexcept;
+
+  // Value of an attribute, text, CDATA section, comment or processing instruction; empty for the others.
+  std::string nodeValue() const;
+  // False for elements and documents, for text that XML cannot hold or broken UTF-8, for "--" in a comment
+  // or "-" at its end, and for "?>" in a processing instruction.
+  bool putNodeValue(std::string_view value) const;
+
+  // Text of an element or document: the text and CDATA of all descendants, joined; of other nodes the value.
+  std::string text() const;
+  // The same without a copy where the node holds its text in one piece; otherwise `buffer` is filled. The
+  // view is good until the node or `buffer` changes.
+  std::string_view textView(std::string& buffer) const;
+  // Replaces all children of an element by one text (none for the empty text). Removed children that a
+  // handle holds live on, detached. False for a document, and for text that XML cannot hold.
+  bool putText(std::string_view text) const;
+
+  IXMLDOMNode parentNode() const;           // null for a document, a detached node, an attribute
+  IXMLDOMDocument ownerDocument() const;    // the document itself for a document
+  IXMLDOMElement firstElementChild() const;
+  IXMLDOMElement nextElementSibling() const;
+  // Snapshot of all children, text included.
+  IXMLDOMNodeList childNodes() const;
+
+  // Moves `child` to the end of this node's children, from wherever it stands, another document included; it
+  // keeps its identity and all handles to it. False for a null child, a child that is an attribute or a
+  // document, an ancestor of this node or this node itself, a parent that takes no children, a second element
+  // or any text at document level, and a tree that would be more than maxDepth levels deep.
+  bool appendChild(const IXMLDOMNode& child) const;
+  // False unless `child` is a child of this node. The child lives on, detached, while a handle holds it.
+  bool removeChild(const IXMLDOMNode& child) const;
+  // A detached copy owned by the same document; without `deep` an element comes with its attributes only.
+  // Null for a document.
+  IXMLDOMNode cloneNode(bool deep) const;
+
+  // The XPath subset: child steps by name or "*", a leading "/" (from the document), "//" (descendants, at
+  // the start or between steps), and predicates in [] after a step: "@name", "path", "@name='literal'",
+  // "path='literal'", "path!='literal'", parenthesised terms joined by "and"; literals in either quote.
+  // A path compares true when any node it selects has that text. A text outside the subset answers false.
+  //
+  // First match in document order; false when there is none.
+  bool selectSingleNode(std::string_view xpath, IXMLDOMNode& found) const;
+  // Replaces `found` by all matches in document order, as they stand at the call; true also for none.
+  bool selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const;
+
+  // Attribute node of an element, null when absent.
+  IXMLDOMNode getNamedItem(std::string_view name) const;
+  // Snapshot of the attribute nodes in their order.
+  IXMLDOMNodeList attributes() const;
+  // Value of an attribute without a copy; the view is good until the attribute changes. False when absent.
+  bool getAttribute(std::string_view name, std::string_view& value) const;
+  // Puts a detached attribute node on this element, in place of one of its name. False for a node that is
+  // not an attribute or stands on another element, and on anything but an element.
+  bool setAttributeNode(const IXMLDOMNode& attribute) const;
+  bool setAttribute(std::string_view name, std::string_view value) const;
+  bool removeAttribute(std::string_view name) const;
+
+  // This node and all below it as XML text in UTF-8.
+  std::string xml() const;
+  // Line at which an element with child elements or none, read from text, began; 0 for all other nodes.
+  unsigned line() const noexcept;
+  // A number that changes with every change of this node or of anything below it. Two equal numbers of one
+  // node mean an unchanged subtree.
+  std::uint32_t changeStamp() const noexcept;
+  // Address of the node, for hashing by identity.
+  const void* identity() const noexcept { return node_; }
+
+  // Most levels of elements that a document may have, in reading and in building.
+  static constexpr int maxDepth = 1000;
+
+ protected:
+  explicit IXMLDOMNode(dom::Node* node) noexcept : node_(node) { acquire(node_); }
+  static void acquire(dom::Node* node) noexcept;
+  static void release(dom::Node* node) noexcept;
+
+  dom::Node* node_ = nullptr;
+
+  friend struct dom::Node;
+};
+
+template <>
+struct std::hash<IXMLDOMNode> {
+  std::size_t operator()(const IXMLDOMNode& node) const noexcept {
+    return std::hash<const void*>{}(node.identity());
+  }
+};
