@@ -49,9 +49,9 @@ class IXMLDOMDocument : public IXMLDOMNode {
 
   IXMLDOMElement documentElement() const;
 
-  // A detached node owned by this document. Types: element, attribute, text, CDATA section, comment,
-  // processing instruction. Null for another type and for a name that XML does not allow. The namespace is
-  // not looked at: names are carried as they are written, prefix included.
+  // A detached node owned by this document: element, attribute, text, CDATA section, comment or processing
+  // instruction. Null for another type and for a name that XML does not allow. The namespace is not looked
+  // at: names are carried as they are written, prefix included.
   IXMLDOMNode createNode(int type, std::string_view name, std::string_view nameSpace = {}) const;
   IXMLDOMElement createElement(std::string_view name) const;
   IXMLDOMNode createTextNode(std::string_view text) const;
