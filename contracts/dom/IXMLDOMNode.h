@@ -69,8 +69,8 @@ class IXMLDOMNode {
   // handle holds live on, detached. False for a document, and for text that XML cannot hold.
   bool putText(std::string_view text) const;
 
-  IXMLDOMNode parentNode() const;           // null for a document, a detached node, an attribute
-  IXMLDOMDocument ownerDocument() const;    // the document itself for a document
+  IXMLDOMNode parentNode() const;         // null for a document, a detached node, an attribute
+  IXMLDOMDocument ownerDocument() const;  // the document itself for a document
   IXMLDOMElement firstElementChild() const;
   IXMLDOMElement nextElementSibling() const;
   // Snapshot of all children, text included.

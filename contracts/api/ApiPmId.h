@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "rw/RWClassicTValOrderedVector.h"
+
+// The id of an object: a text by value, compared exactly; the empty text is the null id. Each text is kept
+// once per process and counted, so an id is one pointer in size, a copy is a count, and equality and hash
+// take constant time. Ids belong to one thread at a time.
+class ApiPmId {
+ public:
+  ApiPmId() noexcept = default;
+  explicit ApiPmId(std::string_view text);
+  ApiPmId(const ApiPmId& other) noexcept : entry_(other.entry_) {
+    if (entry_) ++entry_->references;
+  }
+  ApiPmId(ApiPmId&& other) noexcept : entry_(std::exchange(other.entry_, nullptr)) {}
+  ApiPmId& operator=(const ApiPmId& other) noexcept {
+    ApiPmId(other).swap(*this);
+    return *this;
+  }
+  ApiPmId& operator=(ApiPmId&& other) noexcept {
+    ApiPmId(std::move(other)).swap(*this);
+    return *this;
+  }
+  ~ApiPmId() {
+    if (entry_ && --entry_->references == 0) drop(entry_);
+  }
+
+  bool isNull() const noexcept { return entry_ == nullptr; }
+  // Good as long as any id of this text exists.
+  std::string_view text() const noexcept { return entry_ ? entry_->text() : std::string_view(); }
+  std::string asString() const { return std::string(text()); }
+  // A deterministic hash of the text.
+  std::size_t hash() const noexcept { return entry_ ? entry_->hash : 0; }
+
+  friend bool operator==(const ApiPmId& a, const ApiPmId& b) noexcept { return a.entry_ == b.entry_; }
+  friend bool operator<(const ApiPmId& a, const ApiPmId& b) noexcept { return a.text() < b.text(); }
+  void swap(ApiPmId& other) noexcept { std::swap(entry_, other.entry_); }
+
+  // The id of this text if any id of it exists, else the null id: a look-up that makes nothing.
+  static ApiPmId existing(std::string_view text) noexcept;
+
+ private:
+  struct Entry {
+    Entry* next;
+    std::uint64_t hash;
+    std::uint32_t references;
+    std::uint32_t length;
+    std::string_view text() const noexcept { return {reinterpret_cast<const char*>(this + 1), length}; }
+  };
+  friend struct ApiPmIdTable;
+  explicit ApiPmId(Entry* entry) noexcept : entry_(entry) {
+    if (entry_) ++entry_->references;
+  }
+  static void drop(Entry* entry) noexcept;
+
+  Entry* entry_ = nullptr;
+};
+
+template <>
+struct std::hash<ApiPmId> {
+  std::size_t operator()(const ApiPmId& id) const noexcept { return id.hash(); }
+};
+
+using ApiPmIdList = RWClassicTValOrderedVector<ApiPmId>;

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <memory>
+
+template <class T>
+using RTAutoPtr = std::unique_ptr<T>;

@@ -1,0 +1,171 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+// When a dictionary changes its number of buckets.
+struct RWGrowth {
+  enum class When { never, beforeInsertion, afterInsertion } when = When::never;
+  std::size_t limit = 3;   // grow when the entry count exceeds this many times the bucket count
+  std::size_t factor = 1;  // to this many times the entry count
+
+  static constexpr RWGrowth never() { return {}; }
+  // Looked at before each insertion, also of a key that is present already.
+  static constexpr RWGrowth before(std::size_t limit, std::size_t factor) {
+    return {When::beforeInsertion, limit, factor};
+  }
+  static constexpr RWGrowth after(std::size_t limit, std::size_t factor) {
+    return {When::afterInsertion, limit, factor};
+  }
+};
+
+// A hash dictionary as callers observe it: an array of buckets, each a list with new entries at the tail;
+// listings walk the buckets in ascending index and each list from its head. A look-up takes constant time
+// also in a dictionary whose bucket count never grows. The two go together like this:
+//
+// 1. Entries stand in one sequence, a doubly linked list, in order of insertion.
+// 2. A listing is the sequence sorted by bucket (hash modulo bucketCount), stable.
+// 3. Growing puts the sequence into listing order first, so rule 2 goes on to give what re-inserting the old
+//    buckets one after the other would give.
+// 4. Look-ups go through a table of their own, whose size has nothing to do with bucketCount.
+//
+// A key stays at its address until its entry goes.
+template <class K, class V, class Hash = std::hash<K>>
+class RWClassicTValHashDictionary {
+ public:
+  struct Entry {
+    const K key;
+    V value;
+
+   private:
+    friend class RWClassicTValHashDictionary;
+    Entry(const K& k, V v, std::size_t h) : key(k), value(std::move(v)), hash(h) {}
+    std::size_t hash;
+    Entry* previous = nullptr;
+    Entry* next = nullptr;
+    Entry* chain = nullptr;
+  };
+
+  explicit RWClassicTValHashDictionary(RWGrowth growth = RWGrowth::never(), std::size_t buckets = 64)
+      : growth_(growth), bucketCount_(buckets) {}
+  RWClassicTValHashDictionary(const RWClassicTValHashDictionary& other)
+      : growth_(other.growth_), bucketCount_(other.bucketCount_) {
+    copyEntries(other);
+  }
+  RWClassicTValHashDictionary& operator=(const RWClassicTValHashDictionary& other) {
+    if (this != &other) {
+      clear();
+      growth_ = other.growth_;
+      bucketCount_ = other.bucketCount_;
+      copyEntries(other);
+    }
+    return *this;
+  }
+  ~RWClassicTValHashDictionary() { clear(); }
+
+  std::size_t entries() const noexcept { return count_; }
+  bool isEmpty() const noexcept { return count_ == 0; }
+  std::size_t bucketCount() const noexcept { return bucketCount_; }
+
+  Entry* find(const K& key) const {
+    if (count_ == 0) return nullptr;
+    const std::size_t hash = Hash{}(key);
+    for (Entry* entry = table_[slotOf(hash)]; entry; entry = entry->chain) {
+      if (entry->hash == hash && entry->key == key) return entry;
+    }
+    return nullptr;
+  }
+
+  // Appends an entry, or replaces the value of a present key; then the entry keeps key and place.
+  Entry& insert(const K& key, V value) {
+    if (growth_.when == RWGrowth::When::beforeInsertion) growIfDue();
+    if (Entry* present = find(key)) {
+      present->value = std::move(value);
+      return *present;
+    }
+    if (count_ >= table_.size()) resizeTable();
+    auto* entry = new Entry(key, std::move(value), Hash{}(key));
+    linkAtTail(entry);
+    Entry*& slot = table_[slotOf(entry->hash)];
+    entry->chain = slot;
+    slot = entry;
+    ++count_;
+    if (growth_.when == RWGrowth::When::afterInsertion) growIfDue();
+    return *entry;
+  }
+
+  bool remove(const K& key) {
+    Entry* entry = find(key);
+    if (entry) erase(entry);
+    return entry != nullptr;
+  }
+
+  // Drops an entry of this dictionary. `entry` and its key are gone afterwards.
+  void erase(Entry* entry) {
+    Entry** link = &table_[slotOf(entry->hash)];
+    while (*link != entry) link = &(*link)->chain;
+    *link = entry->chain;
+    (entry->previous ? entry->previous->next : head_) = entry->next;
+    (entry->next ? entry->next->previous : tail_) = entry->previous;
+    delete entry;
+    --count_;
+  }
+
+  // Empties the dictionary; the bucket count stays.
+  void clear() {
+    for (Entry* entry = head_; entry;) delete std::exchange(entry, entry->next);
+    head_ = tail_ = nullptr;
+    count_ = 0;
+    table_.clear();
+  }
+
+  // All entries in listing order.
+  std::vector<Entry*> listing() const {
+    std::vector<std::size_t> start(bucketCount_ + 1, 0);
+    for (const Entry* entry = head_; entry; entry = entry->next) ++start[entry->hash % bucketCount_ + 1];
+    for (std::size_t i = 1; i <= bucketCount_; ++i) start[i] += start[i - 1];
+    std::vector<Entry*> listed(count_);
+    for (Entry* entry = head_; entry; entry = entry->next)
+      listed[start[entry->hash % bucketCount_]++] = entry;
+    return listed;
+  }
+
+ private:
+  std::size_t slotOf(std::size_t hash) const noexcept { return (hash ^ (hash >> 32)) & (table_.size() - 1); }
+  void linkAtTail(Entry* entry) noexcept {
+    entry->previous = tail_;
+    entry->next = nullptr;
+    (tail_ ? tail_->next : head_) = entry;
+    tail_ = entry;
+  }
+  void growIfDue() {
+    if (count_ <= growth_.limit * bucketCount_) return;
+    const std::vector<Entry*> ordered = listing();
+    head_ = tail_ = nullptr;
+    for (Entry* entry : ordered) linkAtTail(entry);
+    bucketCount_ = growth_.factor * count_;
+  }
+  void resizeTable() {
+    table_.assign(table_.empty() ? 64 : table_.size() * 2, nullptr);
+    for (Entry* entry = head_; entry; entry = entry->next) {
+      Entry*& slot = table_[slotOf(entry->hash)];
+      entry->chain = slot;
+      slot = entry;
+    }
+  }
+  void copyEntries(const RWClassicTValHashDictionary& other) {
+    const RWGrowth growth = std::exchange(growth_, RWGrowth::never());
+    for (const Entry* entry = other.head_; entry; entry = entry->next) insert(entry->key, entry->value);
+    growth_ = growth;
+  }
+
+  RWGrowth growth_;
+  std::size_t bucketCount_;
+  std::size_t count_ = 0;
+  Entry* head_ = nullptr;
+  Entry* tail_ = nullptr;
+  std::vector<Entry*> table_;  // size is zero or a power of two
+};
