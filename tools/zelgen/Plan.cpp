@@ -104,8 +104,9 @@ Plan::Plan(const StudyOptions& chosen) : options(chosen) {
     if (!trees[i].product) resourceTrees.push_back(i);
   }
 
-  // The processes share what is left, so that the number of objects is met exactly. A quarter of a process
-  // at least is left for each even when the trees are as small and as many as can be drawn.
+  // The processes share what is left, so that the number of objects is met exactly. The shares above add up
+  // to nine tenths at most, and the shortcuts of the trees stay within the rest even when every tree that is
+  // drawn is as small as can be.
   const auto count = static_cast<std::uint32_t>(processes.size());
   const std::uint32_t rest = options.objects - next;
   for (std::uint32_t i = 0; i < count; ++i) {
