@@ -104,21 +104,16 @@ std::vector<std::string> violations(const Tree& tree, std::set<const Exception*>
     std::istringstream lines(text);
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
-      std::istringstream words(line);
-      std::string word, name;
-      if (!(words >> word) || !word.starts_with("#")) continue;
-      if (word == "#") {
-        words >> word;
-        word.insert(0, "#");
-      }
-      if (!word.starts_with("#include")) continue;
+      std::string directive = line.substr(0, line.find_first_of("<\""));
+      std::erase_if(directive, [](char c) { return c == ' ' || c == '\t'; });
+      if (!directive.starts_with("#include")) continue;
       const auto open = line.find_first_of("<\"");
       const auto close = line.find_first_of(">\"", open + 1);
       if (open == std::string::npos || close == std::string::npos) {
         found.push_back(path + ":" + std::to_string(number) + ": an include that cannot be read");
         continue;
       }
-      name = line.substr(open + 1, close - open - 1);
+      const std::string name = line.substr(open + 1, close - open - 1);
       const std::string target = resolve(tree, path, name);
       const std::string reason = refusal(path, name, target);
       if (reason.empty()) continue;
