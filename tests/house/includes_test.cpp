@@ -27,11 +27,13 @@ const std::map<std::string_view, int> rank = {
     {"plc", 2},      {"ipa", 2},  {"variant", 2},   {"merge", 3},     {"wrapper", 4},
 };
 
-// What may point up, and why.
+// What may point up, from the sources of a room; a header declares the class by name instead.
 struct Exception {
   std::string_view from, to, why;
 };
-const std::vector<Exception> exceptions = {};
+const Exception exceptions[] = {
+    {"node/", "wrapper/ZelXmlWrapper.h", "a node asks its wrapper for documents, other nodes and finders"},
+};
 
 // Headers of the outside, by how their names begin, and the one folder in which each may stand.
 const std::map<std::string_view, std::string_view> thirdParty = {
@@ -117,14 +119,15 @@ std::vector<std::string> violations(const Tree& tree, std::set<const Exception*>
       const std::string target = resolve(tree, path, name);
       const std::string reason = refusal(path, name, target);
       if (reason.empty()) continue;
-      const auto exception = std::find_if(exceptions.begin(), exceptions.end(), [&](const Exception& e) {
-        return path.starts_with(std::string(systemRoom) + std::string(e.from)) &&
-               target.starts_with(std::string(systemRoom) + std::string(e.to));
-      });
-      if (exception == exceptions.end())
+      const auto exception =
+          std::find_if(std::begin(exceptions), std::end(exceptions), [&](const Exception& e) {
+            return path.ends_with(".cpp") && path.starts_with(std::string(systemRoom).append(e.from)) &&
+                   target == std::string(systemRoom).append(e.to);
+          });
+      if (exception == std::end(exceptions))
         found.push_back(path + ":" + std::to_string(number) + ": " + name + ": " + reason);
       else if (used)
-        used->insert(&*exception);
+        used->insert(exception);
     }
   }
   return found;
@@ -151,7 +154,7 @@ TEST(Includes, EveryRoomKeepsTheRules) {
         << "nothing was read from " << room;
   std::set<const Exception*> used;
   EXPECT_THAT(violations(tree, &used), testing::IsEmpty());
-  EXPECT_EQ(used.size(), exceptions.size()) << "an exception that nothing needs any more";
+  EXPECT_EQ(used.size(), std::size(exceptions)) << "an exception that nothing needs any more";
 }
 
 TEST(Includes, EveryKindOfBreachIsFound) {
@@ -159,7 +162,10 @@ TEST(Includes, EveryKindOfBreachIsFound) {
       {"contracts/dom/Node.h", "#include <string>\n"},
       {"lib/ZelXml/src/document/Fields.h", "#include \"dom/Node.h\"\n"},
       {"lib/ZelXml/src/merge/Merge.h", "#include \"document/Fields.h\"\n"},
+      {"lib/ZelXml/src/node/Node.h", "class ZelXmlWrapper;\n"},
+      {"lib/ZelXml/src/node/Node.cpp", "#include \"wrapper/ZelXmlWrapper.h\"\n"},
       {"lib/ZelXml/src/plc/Signal.h", "#include \"document/Fields.h\"\n"},
+      {"lib/ZelXml/src/wrapper/ZelXmlWrapper.h", "#include \"plc/Signal.h\"\n"},
       {"platform/dom/Parser.h", "#include <libxml/parser.h>\n#include <unistd.h>\n"},
       {"platform/files/Files.h", "#include <sys/stat.h>\n"},
       {"tools/tool/Tool.cpp", "#include <CLI/CLI.hpp>\n#include \"merge/Merge.h\"\n"},
@@ -180,6 +186,9 @@ TEST(Includes, EveryKindOfBreachIsFound) {
       {"lib/ZelXml/src/plc/Signal.h", "  #  include \"dom/Parser.h\"",
        "platform is reached by contracts only"},
       {"lib/ZelXml/src/plc/Signal.h", "#include \"merge/Merge.h\"", "points up from plc to merge"},
+      {"lib/ZelXml/src/node/Node.h", "#include \"wrapper/ZelXmlWrapper.h\"",
+       "points up from node to wrapper"},
+      {"lib/ZelXml/src/node/Node.cpp", "#include \"plc/Signal.h\"", "points up from node to plc"},
       {"lib/ZelXml/src/attic/Old.h", "#include \"merge/Merge.h\"", "a room without a rank"},
       {"platform/files/Files.h", "#include <libxml/parser.h>", "stands in platform/dom/ only"},
       {"platform/files/Files.h", "#include <curl/curl.h>", "a library that no folder is named for"},
