@@ -15,6 +15,11 @@
 
 namespace {
 
+template <class Number>
+std::string numbered(const char* text, Number number) {
+  return std::string(text).append(std::to_string(number));
+}
+
 TEST(ApiPmId, TextIsComparedExactly) {
   const std::string withNul("a\0b", 3);
   const std::string texts[] = {"",           " ",   "a",        "A",         "a ",    "NULL",
@@ -50,7 +55,7 @@ TEST(ApiPmId, HashSpreadsTheIdsOfStudies) {
     return *std::max_element(counts.begin(), counts.end());
   };
   // About 98 each; 160 is more than six standard deviations off.
-  EXPECT_LT(worstBucket([](int i) { return "PP-" + std::to_string(i); }), 160);
+  EXPECT_LT(worstBucket([](int i) { return numbered("PP-", i); }), 160);
   EXPECT_LT(worstBucket([](int i) {
               char text[60];
               std::snprintf(text, sizeof text, "%08x-0000-4000-8000-00000000000%d", i / 10, i % 10);
@@ -81,7 +86,7 @@ TEST(ApiPmId, TextsLiveAsLongAsTheirIds) {
     const std::size_t at = random() % ids.size(), from = random() % ids.size();
     switch (random() % 5) {
       case 0: {
-        const std::string text = "lifetime " + std::to_string(random() % 4000);
+        const std::string text = numbered("lifetime ", random() % 4000);
         ids[at] = ApiPmId(text);
         put(at, text);
         break;
@@ -102,24 +107,24 @@ TEST(ApiPmId, TextsLiveAsLongAsTheirIds) {
         put(at, "");
         break;
       default: {
-        const std::string text = "lifetime " + std::to_string(random() % 4000);
+        const std::string text = numbered("lifetime ", random() % 4000);
         ASSERT_EQ(ApiPmId::existing(text).isNull(), uses.count(text) == 0);
       }
     }
     ASSERT_EQ(ids[from].text(), texts[from]);
   }
   ids.clear();
-  for (int i = 0; i < 4000; ++i) ASSERT_TRUE(ApiPmId::existing("lifetime " + std::to_string(i)).isNull());
+  for (int i = 0; i < 4000; ++i) ASSERT_TRUE(ApiPmId::existing(numbered("lifetime ", i)).isNull());
 }
 
 TEST(ApiGlobalUniqueId, TakesOnlyItsUsualForm) {
   const std::string plain = "6F9619FF-8b86-D011-B42D-00C04FC964FF";
   for (const std::string& text : {plain, "{" + plain + "}"})
     EXPECT_EQ(ApiGlobalUniqueId(text).getAsString(), plain);
-  for (const std::string& text :
-       {std::string(), std::string("{}"), "{" + plain, plain + "}", plain + " ", "{{" + plain + "}}",
-        "g" + plain.substr(1), plain.substr(1), "6F9619FF8-b86-D011-B42D-00C04FC964FF",
-        std::string("6F9619FF8b86D011B42D00C04FC964FF")}) {
+  for (const std::string& text : {std::string(), std::string("{}"), "{" + plain, plain + "}", plain + " ",
+                                  "{{" + plain + "}}", std::string("g").append(plain, 1), plain.substr(1),
+                                  std::string("6F9619FF8-b86-D011-B42D-00C04FC964FF"),
+                                  std::string("6F9619FF8b86D011B42D00C04FC964FF")}) {
     EXPECT_TRUE(ApiGlobalUniqueId(text).isNull()) << text;
   }
 }
@@ -133,7 +138,7 @@ TEST(NewGuidText, ComesFromThePlatformUnlessAHostGivesASource) {
     made.insert(text);
   }
   EXPECT_EQ(made.size(), 1000u);
-  api::setGuidSource([n = 0]() mutable { return "id " + std::to_string(++n); });
+  api::setGuidSource([n = 0]() mutable { return numbered("id ", ++n); });
   EXPECT_EQ(api::newGuidText(), "id 1");
   EXPECT_EQ(api::newGuidText(), "id 2");
   api::setGuidSource(nullptr);

@@ -235,12 +235,13 @@ TEST_F(Session, FindsEachOfManyObjects) {
   std::string text = "<Data><Objects>";
   constexpr int count = 20000;
   for (int i = 0; i < count; ++i) {
-    text += "<P ExternalId='p" + std::to_string(i) + "'>" + std::to_string(i) + "</P>";
+    const std::string number = std::to_string(i);
+    text.append("<P ExternalId='p").append(number).append("'>").append(number).append("</P>");
   }
   const IXMLDOMDocument document = read((text + "</Objects></Data>").c_str());
   open(document);
   auto& cached = session().cachedDocument();
-  const auto idOf = [](int i) { return ApiPmId("p" + std::to_string(i)); };
+  const auto idOf = [](int i) { return ApiPmId(std::string("p").append(std::to_string(i))); };
   for (int i = 0; i < count; i += 3) ASSERT_TRUE(cached.removeEntry(document, idOf(i)));
   for (int i = 1; i < count; i += 3) ASSERT_TRUE(cached.replaceCachedNodeId(idOf(i), idOf(i + count)));
   for (int i = 0; i < count; ++i) {
