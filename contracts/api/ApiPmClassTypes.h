@@ -4,7 +4,16 @@
 #include <string_view>
 
 // The class types: name, base class, family value and class type id of every class that can be an object
-// element. One table stands behind both services below; a host adds classes of its own to it.
+// element. One table stands behind both services below. It starts with the classes that the system knows.
+//
+// A host adds classes of its own before it opens a study that holds them. The base decides what an object of
+// the class is: a gripper that derives from "PmToolInstance" has the family "Resource", and a library of
+// filters that derives from "PmVariantFilterLibrary" is built as one.
+//
+//   ApiPmClassTypeDataMgr::the().addClass({.name = "Gripper", .base = "PmToolInstance"});
+//
+// Without a number of its own a class gets the first free one from 10000 up, in the order of the calls; a
+// host that keeps numbers in files names them. Classes stay until the process ends.
 struct ApiPmClassType {
   std::string name;
   std::string base;    // empty for a class without base
@@ -39,7 +48,8 @@ class ApiVorToolsClassTypesWrapper {
 
   // False for an unknown class.
   bool ClassNameToClassTypeId(std::string_view className, int& typeId) const;
-  // Whether the class of that number is `base` or derives from it.
+  // Whether the first class is the second or derives from it. False when either is not known.
   bool IsDerivedFromClass(int typeId, std::string_view base) const;
   bool IsDerivedFromClass(std::string_view className, std::string_view base) const;
+  bool IsDerivedFromClass(int typeId, int baseTypeId) const;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "api/ApiPmId.h"
 #include "dom/IXMLDOMDocument.h"
 #include "dom/IXMLDOMElement.h"
@@ -26,24 +28,26 @@ class ApiPmXmlCachedDocument {
                    bool quiet) const;
   // True if there was an entry.
   bool removeEntry(const IXMLDOMDocument& document, const ApiPmId& id);
-  // The entry of `id` leads to `element` from now on; it is made if there is none.
+  // The entry of `id` leads to `element` from now on; it is made if there is none. False for an id that is
+  // never indexed and for a null element.
   bool replaceCachedNode(const IXMLDOMDocument& document, const ApiPmId& id, const IXMLDOMElement& element);
-  // The entry of `oldId` is found under `newId` from now on; the element's own attribute is left alone.
+  // The entry of `oldId` is found under `newId` from now on, in place of a former one, and no longer under
+  // `oldId`; the element's own attribute is left alone. False, and nothing changed, for an unknown `oldId`
+  // and for a `newId` that is never indexed.
   bool replaceCachedNodeId(const ApiPmId& oldId, const ApiPmId& newId);
-  // Rebuilds the index from the child elements of `section` alone.
+  // Rebuilds the index from the child elements of `section` alone; all other entries go. False for null.
   bool reCacheAllChildrenNodes(const IXMLDOMDocument& document, const IXMLDOMElement& section);
   // Puts `element` under `id`, in place of a former entry.
   void cacheNode(const ApiPmId& id, const IXMLDOMElement& element);
 
-  // The id of the document's first Data/Objects section's study: false when it has none.
+  // The id that the document itself carries: the attribute `cachedId` of its root element. A copy of a file
+  // carries the id of its original. False, and `id` untouched, when there is none or it is empty.
   static bool getCachedDocId(const IXMLDOMDocument& document, ApiPmId& id);
 
  private:
-  friend class ApiPmSessionManager;
-  void setDocument(const IXMLDOMDocument& document);
-  void indexSections();
+  bool isFor(const IXMLDOMDocument& document) const { return document && document == document_; }
 
   struct Index;
   IXMLDOMDocument document_;
-  Index* index_;
+  std::unique_ptr<Index> index_;
 };

@@ -16,10 +16,10 @@ struct RTVec3D {
 // the text of the unit transformation stays the unit text.
 class RTTran3D {
  public:
-  RTTran3D();  // the unit transformation
+  constexpr RTTran3D() = default;  // the unit transformation
   RTTran3D(const RTVec3D& translation, const RTVec3D& rotationRPY);
 
-  static const RTTran3D unit;
+  static const RTTran3D unit;  // there before any code runs
 
   RTVec3D getTranslation() const;
   void setTranslation(const RTVec3D& translation);
@@ -42,6 +42,6 @@ class RTTran3D {
 
  private:
   RTVec3D translation_;
-  double rotation_[9];  // row major
-  RTVec3D rpy_;         // the angles that give rotation_, as set or as computed from it
+  double rotation_[9] = {1, 0, 0, 0, 1, 0, 0, 0, 1};  // row major
+  RTVec3D rpy_;  // the angles that give rotation_, as set or as computed from it
 };

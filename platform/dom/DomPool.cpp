@@ -1,0 +1,167 @@
+#include "DomPool.h"
+
+#include <sys/mman.h>
+
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+
+namespace dom {
+
+#if defined(__SANITIZE_ADDRESS__)
+
+void* poolAllocate(std::size_t bytes) {
+  void* memory = std::malloc(bytes);
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+
+void poolFree(void* memory, std::size_t) noexcept { std::free(memory); }
+
+#else
+
+namespace {
+
+constexpr std::size_t slabBytes = std::size_t{64} << 10;
+constexpr std::size_t chunkBytes = std::size_t{2} << 20;
+constexpr std::size_t largest = 256;
+constexpr std::uint32_t allFree = ~std::uint32_t{0};
+static_assert(chunkBytes / slabBytes == 32);
+
+template <class T>
+struct List {
+  T* head = nullptr;
+
+  void push(T* item) noexcept {
+    item->prev = nullptr;
+    item->next = head;
+    if (head != nullptr) head->prev = item;
+    head = item;
+  }
+  void remove(T* item) noexcept {
+    (item->prev != nullptr ? item->prev->next : head) = item->next;
+    if (item->next != nullptr) item->next->prev = item->prev;
+  }
+};
+
+// A piece of address space aligned to its size and cut into slabs. It is listed while it has a free slab.
+struct Chunk {
+  Chunk* prev;
+  Chunk* next;
+  std::uint32_t freeSlabs;  // one bit per slab
+};
+
+// Stands at the start of each slab; in the first slab of a chunk behind the chunk's own head. It is listed
+// under its size while it has room.
+struct Slab {
+  Slab* prev;
+  Slab* next;
+  void* freed;
+  char* fresh;  // never used from here to `end`
+  char* end;
+  std::uint32_t size;
+  std::uint32_t live;
+
+  bool full() const noexcept { return freed == nullptr && fresh + size > end; }
+};
+
+List<Slab> roomy[largest / 8 + 1];
+List<Chunk> chunks;
+Chunk* spare =
+    nullptr;  // one wholly free chunk is kept, so that editing at its edge asks the system for nothing
+
+std::uintptr_t address(const void* memory) noexcept { return reinterpret_cast<std::uintptr_t>(memory); }
+
+Chunk* chunkOf(void* memory) noexcept {
+  return reinterpret_cast<Chunk*>(address(memory) & ~(std::uintptr_t{chunkBytes} - 1));
+}
+
+Slab* slabOf(void* memory) noexcept {
+  const std::uintptr_t base = address(memory) & ~(std::uintptr_t{slabBytes} - 1);
+  const bool first = (base & (std::uintptr_t{chunkBytes} - 1)) == 0;
+  return reinterpret_cast<Slab*>(base + (first ? sizeof(Chunk) : 0));
+}
+
+Chunk* mapChunk() {
+  void* const got =
+      ::mmap(nullptr, 2 * chunkBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (got == MAP_FAILED) throw std::bad_alloc();
+  char* const from = static_cast<char*>(got);
+  const std::size_t before = (chunkBytes - address(from) % chunkBytes) % chunkBytes;
+  if (before != 0) ::munmap(from, before);
+  ::munmap(from + before + chunkBytes, chunkBytes - before);
+  ::madvise(from + before, chunkBytes, MADV_HUGEPAGE);  // a wish: its failure costs time only
+  return new (from + before) Chunk{nullptr, nullptr, allFree};
+}
+
+Slab* openSlab(std::size_t size) {
+  if (chunks.head == nullptr) {
+    chunks.push(spare != nullptr ? spare : mapChunk());
+    spare = nullptr;
+  }
+  Chunk* const chunk = chunks.head;
+  const int index = std::countr_zero(chunk->freeSlabs);
+  chunk->freeSlabs &= chunk->freeSlabs - 1;
+  if (chunk->freeSlabs == 0) chunks.remove(chunk);
+  char* const base = reinterpret_cast<char*>(chunk) + static_cast<std::size_t>(index) * slabBytes;
+  Slab* const slab = slabOf(base);
+  char* const fresh = reinterpret_cast<char*>(slab + 1);
+  new (slab) Slab{nullptr, nullptr, nullptr, fresh, base + slabBytes, static_cast<std::uint32_t>(size), 0};
+  roomy[size / 8].push(slab);
+  return slab;
+}
+
+void closeSlab(Slab* slab) noexcept {
+  roomy[slab->size / 8].remove(slab);
+  Chunk* const chunk = chunkOf(slab);
+  const std::size_t index = (address(slab) - address(chunk)) / slabBytes;
+  if (chunk->freeSlabs == 0) chunks.push(chunk);
+  chunk->freeSlabs |= std::uint32_t{1} << index;
+  if (chunk->freeSlabs != allFree) return;
+  chunks.remove(chunk);
+  if (spare == nullptr) {
+    spare = chunk;
+  } else {
+    ::munmap(chunk, chunkBytes);
+  }
+}
+
+}  // namespace
+
+void* poolAllocate(std::size_t bytes) {
+  if (bytes > largest) {
+    void* memory = std::malloc(bytes);
+    if (memory == nullptr) throw std::bad_alloc();
+    return memory;
+  }
+  const std::size_t size = (bytes + 7) / 8 * 8;
+  Slab* slab = roomy[size / 8].head;
+  if (slab == nullptr) slab = openSlab(size);
+  void* memory = slab->freed;
+  if (memory != nullptr) {
+    slab->freed = *static_cast<void**>(memory);
+  } else {
+    memory = slab->fresh;
+    slab->fresh += size;
+  }
+  ++slab->live;
+  if (slab->full()) roomy[size / 8].remove(slab);
+  return memory;
+}
+
+void poolFree(void* memory, std::size_t bytes) noexcept {
+  if (bytes > largest) {
+    std::free(memory);
+    return;
+  }
+  Slab* const slab = slabOf(memory);
+  if (slab->full()) roomy[slab->size / 8].push(slab);
+  *static_cast<void**>(memory) = slab->freed;
+  slab->freed = memory;
+  if (--slab->live == 0) closeSlab(slab);
+}
+
+#endif
+
+}  // namespace dom

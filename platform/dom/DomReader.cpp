@@ -1,0 +1,341 @@
+#include "DomReader.h"
+
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <algorithm>
+#include <new>
+#include <vector>
+
+#include "DomNames.h"
+#include "DomText.h"
+#include "DomTree.h"
+
+namespace dom {
+
+namespace {
+
+std::string_view view(const xmlChar* text) noexcept {
+  return text != nullptr ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
+
+// The parser's events, built into a tree. Names come qualified as they are written (the parser's first
+// interface), so that prefixes and namespace declarations are plain text to us. The parser pulls its bytes:
+// it then gives a comment or a CDATA section in one piece.
+//
+// The events are C functions of libxml2: no exception leaves them, it is kept and thrown again at the end.
+class Reader {
+ public:
+  Reader(ByteSource& source, DocumentNode* document, DomError& error)
+      : source_(source), document_(document), current_(document), error_(error), names_(256) {}
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+  ~Reader() { xmlFreeParserCtxt(parser_); }
+
+  bool run();
+
+ private:
+  struct KnownName {
+    const xmlChar* text = nullptr;
+    NameId id = nameNone;
+  };
+
+  static Reader& self(void* data) { return *static_cast<Reader*>(data); }
+
+  // Runs one event unless the reading has ended.
+  template <class Event>
+  static void guard(void* data, Event event) {
+    Reader& reader = self(data);
+    if (reader.failed_) return;
+    try {
+      event(reader);
+    } catch (const std::bad_alloc&) {
+      reader.refuse("there is not enough memory");
+    }
+  }
+
+  static int readBytes(void* data, char* to, int size);
+  static void onError(void* data, xmlErrorPtr error);
+
+  void refuse(std::string reason);
+  void fail(unsigned line, unsigned column, std::string reason);
+  void declaration();
+  void startElement(const xmlChar* name, const xmlChar** attributes);
+  void endElement();
+  void text(const xmlChar* piece, int size);
+  void flushText();
+  void leaf(int type, NameId name, std::string_view value);
+  unsigned lineOfTag() const;
+  void seenUpTo() { line_ = static_cast<unsigned>(parser_->input->line); }
+  NameId idOf(const xmlChar* name);
+  bool sourceIsSpent();
+
+  ByteSource& source_;
+  DocumentNode* document_;
+  Node* current_;
+  DomError& error_;
+  xmlParserCtxtPtr parser_ = nullptr;
+  std::string pending_;  // text read since the last node
+  int depth_ = 0;
+  unsigned line_ = 0;  // where the last event ended
+  bool failed_ = false;
+  std::vector<KnownName> names_;  // by the parser's own address of a name
+  std::size_t namesKnown_ = 0;
+  std::string head_;  // the first bytes, for the XML declaration as it is written
+  char last_[2] = {};
+};
+
+int Reader::readBytes(void* data, char* to, int size) {
+  Reader& reader = self(data);
+  if (reader.failed_) return -1;
+  const std::ptrdiff_t got = reader.source_.read(to, static_cast<std::size_t>(size));
+  if (got < 0) {
+    reader.fail(0, 0, reader.source_.reason);
+    return -1;
+  }
+  constexpr std::size_t headSize = 4096;
+  const auto count = static_cast<std::size_t>(got);
+  if (reader.head_.size() < headSize)
+    reader.head_.append(to, std::min(count, headSize - reader.head_.size()));
+  if (count > 0) {
+    reader.last_[0] = count > 1 ? to[count - 2] : reader.last_[1];
+    reader.last_[1] = to[count - 1];
+  }
+  return static_cast<int>(got);
+}
+
+// The first error is the cause, those after it follow from it.
+void Reader::onError(void* data, xmlErrorPtr error) {
+  Reader& reader = self(data);
+  if (error->level < XML_ERR_ERROR || error->domain == XML_FROM_NAMESPACE) return;
+  std::string reason = error->message != nullptr ? error->message : "the text is not well-formed";
+  while (!reason.empty() && isBlank({&reason.back(), 1})) reason.pop_back();
+  const auto place = [](int value) { return value > 0 ? static_cast<unsigned>(value) : 0u; };
+  switch (error->code) {
+    case XML_ERR_DOCUMENT_EMPTY:
+      reason = "there is no XML in it";
+      break;
+    case XML_ERR_DOCUMENT_END:
+      reason = "there is text after the document element";
+      break;
+    // The parser's own texts for these two know no line of the start tag.
+    case XML_ERR_TAG_NAME_MISMATCH:
+    case XML_ERR_TAG_NOT_FINISHED:
+      if (!reader.current_->isElement()) break;
+      reason = "the element " + std::string(nameOf(reader.current_->name)) + " of line " +
+               std::to_string(reader.current_->line()) + " has no end tag here";
+      break;
+    case XML_ERR_NO_MEMORY:
+      reason = "there is not enough memory";
+      break;
+    default:
+      break;
+  }
+  unsigned line = place(error->line);
+  unsigned column = place(error->int2);
+  if (line == 0 && reader.parser_ != nullptr && reader.parser_->input != nullptr) {
+    line = place(reader.parser_->input->line);
+    column = place(reader.parser_->input->col);
+  }
+  reader.fail(line, column, std::move(reason));
+}
+
+void Reader::fail(unsigned line, unsigned column, std::string reason) {
+  if (failed_) return;
+  failed_ = true;
+  error_.line = line;
+  error_.column = column;
+  error_.reason = std::move(reason);
+}
+
+void Reader::refuse(std::string reason) {
+  fail(static_cast<unsigned>(parser_->input->line), static_cast<unsigned>(parser_->input->col),
+       std::move(reason));
+  xmlStopParser(parser_);
+}
+
+// Keeps an XML declaration as it is written, but for an encoding other than the one that we write.
+void Reader::declaration() {
+  std::string text;  // of UTF-16, the characters of ASCII are what stays without the zeros and the mark
+  for (const char c : head_) {
+    if (c != '\0' && c != '\r' && static_cast<unsigned char>(c) < 0x80) text.push_back(c);
+  }
+  const std::size_t end = text.find("?>");
+  if (!text.starts_with("<?xml") || end == std::string::npos || !isBlank(text.substr(5, 1))) return;
+  const std::size_t start = text.find_first_not_of(" \t\n", 5);
+  std::string value = text.substr(start, end - start);
+  if (!validDeclaration(value)) {
+    const std::string_view encoding = declared(value, "encoding");
+    if (encoding.data() == nullptr) return;
+    value.replace(static_cast<std::size_t>(encoding.data() - value.data()), encoding.size(), "UTF-8");
+    if (!validDeclaration(value)) value = defaultDeclaration;
+  }
+  leaf(NODE_PROCESSING_INSTRUCTION, nameXml, value);
+}
+
+NameId Reader::idOf(const xmlChar* name) {
+  const auto spread = [](const xmlChar* text) {
+    return reinterpret_cast<std::uintptr_t>(text) * 0x9E3779B97F4A7C15u >> 32;
+  };
+  std::size_t mask = names_.size() - 1;
+  std::size_t at = spread(name) & mask;
+  for (; names_[at].text != nullptr; at = (at + 1) & mask) {
+    if (names_[at].text == name) return names_[at].id;
+  }
+  const NameId id = internName(view(name));
+  names_[at] = {name, id};
+  if (++namesKnown_ * 2 < names_.size()) return id;
+  std::vector<KnownName> old(names_.size() * 2);
+  old.swap(names_);
+  mask = names_.size() - 1;
+  for (const KnownName& known : old) {
+    if (known.text == nullptr) continue;
+    std::size_t to = spread(known.text) & mask;
+    while (names_[to].text != nullptr) to = (to + 1) & mask;
+    names_[to] = known;
+  }
+  return id;
+}
+
+// The parser stands at the end of a start tag. Nearly always the tag began on the line where the event before
+// it ended; over several lines, the last "<" is its start, since no value holds one.
+unsigned Reader::lineOfTag() const {
+  const auto now = static_cast<unsigned>(parser_->input->line);
+  if (now == line_) return now;
+  unsigned line = now;
+  for (const xmlChar* at = parser_->input->cur; at > parser_->input->base && *at != '<'; --at) {
+    if (*at == '\n' && at != parser_->input->cur) --line;
+  }
+  return line;
+}
+
+void Reader::startElement(const xmlChar* name, const xmlChar** attributes) {
+  flushText();
+  if (++depth_ > IXMLDOMNode::maxDepth) {
+    refuse("there are more than " + std::to_string(IXMLDOMNode::maxDepth) + " levels of elements");
+    return;
+  }
+  Node* const element = newNode(NODE_ELEMENT, idOf(name));
+  linkLast(current_, element);
+  current_ = element;
+  element->setLine(lineOfTag());
+  for (; attributes != nullptr && attributes[0] != nullptr; attributes += 2) {
+    const std::string_view value = view(attributes[1]);
+    if (value.size() > longestText) {
+      refuse("an attribute value is too long");
+      return;
+    }
+    Node* const attribute = newNode(NODE_ATTRIBUTE, idOf(attributes[0]));
+    linkAttribute(element, attribute);
+    setOwnText(attribute, value);
+  }
+  seenUpTo();
+}
+
+void Reader::endElement() {
+  if (!pending_.empty() && current_->first() == nullptr) {
+    setOwnText(current_, pending_);
+    pending_.clear();
+  } else {
+    flushText();
+  }
+  current_ = current_->parent;
+  --depth_;
+  seenUpTo();
+}
+
+void Reader::text(const xmlChar* piece, int size) {
+  pending_.append(reinterpret_cast<const char*>(piece), static_cast<std::size_t>(size));
+  if (pending_.size() > longestText) refuse("a text is too long");
+  seenUpTo();
+}
+
+void Reader::flushText() {
+  if (pending_.empty()) return;
+  if (current_ != document_ && (document_->preserveWhiteSpace || !isBlank(pending_))) {
+    Node* const node = newNode(NODE_TEXT, nameText);
+    linkLast(current_, node);
+    setOwnText(node, pending_);
+  }
+  pending_.clear();
+}
+
+void Reader::leaf(int type, NameId name, std::string_view value) {
+  flushText();
+  if (value.size() > longestText) {
+    refuse("a text is too long");
+    return;
+  }
+  Node* const node = newNode(type, name);
+  linkLast(current_, node);
+  setOwnText(node, value);
+  seenUpTo();
+}
+
+// The parser ends without a complaint at a character NUL, and before half a character of a converted
+// encoding.
+bool Reader::sourceIsSpent() {
+  const xmlParserInputPtr input = parser_->input;
+  char more;
+  if (input->cur < input->end || readBytes(this, &more, 1) > 0) {
+    fail(static_cast<unsigned>(input->line), static_cast<unsigned>(input->col),
+         "there is text after the document element");
+  } else if (input->buf != nullptr && input->buf->raw != nullptr && xmlBufUse(input->buf->raw) > 0) {
+    fail(static_cast<unsigned>(input->line), static_cast<unsigned>(input->col),
+         "the last character is incomplete");
+  }
+  return !failed_;
+}
+
+bool Reader::run() {
+  xmlSAXHandler events = {};
+  events.initialized = 1;  // the first interface
+  events.startDocument = [](void* data) { guard(data, [](Reader& r) { r.declaration(); }); };
+  events.startElement = [](void* data, const xmlChar* name, const xmlChar** attributes) {
+    guard(data, [=](Reader& r) { r.startElement(name, attributes); });
+  };
+  events.endElement = [](void* data, const xmlChar*) { guard(data, [](Reader& r) { r.endElement(); }); };
+  events.characters = [](void* data, const xmlChar* piece, int size) {
+    guard(data, [=](Reader& r) { r.text(piece, size); });
+  };
+  events.ignorableWhitespace = events.characters;
+  events.cdataBlock = [](void* data, const xmlChar* value, int size) {
+    const std::string_view section(reinterpret_cast<const char*>(value), static_cast<std::size_t>(size));
+    guard(data, [=](Reader& r) { r.leaf(NODE_CDATA_SECTION, nameCData, section); });
+  };
+  events.comment = [](void* data, const xmlChar* value) {
+    guard(data, [=](Reader& r) { r.leaf(NODE_COMMENT, nameComment, view(value)); });
+  };
+  events.processingInstruction = [](void* data, const xmlChar* target, const xmlChar* value) {
+    guard(data, [=](Reader& r) { r.leaf(NODE_PROCESSING_INSTRUCTION, r.idOf(target), view(value)); });
+  };
+  events.internalSubset = [](void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
+    guard(data, [](Reader& r) { r.refuse("a document type declaration is not allowed"); });
+  };
+
+  // The first interface tells errors in their parts to the thread's handler only.
+  const xmlStructuredErrorFunc formerHandler = xmlStructuredError;
+  void* const formerContext = xmlStructuredErrorContext;
+  xmlSetStructuredErrorFunc(this, onError);
+  parser_ = xmlCreateIOParserCtxt(&events, this, readBytes, nullptr, this, XML_CHAR_ENCODING_NONE);
+  if (parser_ == nullptr) {
+    fail(0, 0, "there is not enough memory");
+  } else {
+    xmlCtxtUseOptions(parser_, XML_PARSE_HUGE | XML_PARSE_NONET);
+    xmlParseDocument(parser_);
+    if (!failed_ && parser_->wellFormed == 0) refuse("the text is not well-formed");
+    if (!failed_ && sourceIsSpent()) {
+      document_->endsWithNewline = last_[1] == '\n' || (last_[1] == '\0' && last_[0] == '\n');
+    }
+  }
+  xmlSetStructuredErrorFunc(formerContext, formerHandler);
+  return !failed_;
+}
+
+}  // namespace
+
+bool readXml(ByteSource& source, DocumentNode* into, DomError& error) {
+  return Reader(source, into, error).run();
+}
+
+}  // namespace dom

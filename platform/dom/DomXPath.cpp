@@ -1,0 +1,189 @@
+#include "DomXPath.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+
+#include "DomIndex.h"
+#include "DomNames.h"
+#include "DomTree.h"
+
+namespace dom {
+
+namespace {
+
+// Paths compiled once. The callers' texts are mostly literals of the program, found again by address and
+// length and then compared; the others by their content. The cache is dropped when it is full.
+class Cache {
+ public:
+  const Path* get(std::string_view xpath) {
+    Short& near =
+        shorts_[(reinterpret_cast<std::uintptr_t>(xpath.data()) ^ xpath.size() * 0x9E37u) % shorts_.size()];
+    if (near.entry != nullptr && near.data == xpath.data() && near.entry->text == xpath) return near.path();
+    const auto known = entries_.find(xpath);
+    if (known != entries_.end()) {
+      near = {xpath.data(), known->second.get()};
+      return near.path();
+    }
+    if (entries_.size() == most) {
+      shorts_.fill({});
+      entries_.clear();
+    }
+    auto entry = std::make_unique<Entry>();
+    entry->text = xpath;
+    entry->good = parsePath(xpath, entry->path);
+    near = {xpath.data(), entry.get()};
+    entries_.emplace(entry->text, std::move(entry));
+    return near.path();
+  }
+
+ private:
+  static constexpr std::size_t most = 512;
+
+  struct Entry {
+    std::string text;
+    bool good = false;
+    Path path;
+  };
+  struct Short {
+    const char* data = nullptr;
+    const Entry* entry = nullptr;
+    const Path* path() const { return entry->good ? &entry->path : nullptr; }
+  };
+  std::unordered_map<std::string_view, std::unique_ptr<Entry>> entries_;
+  std::array<Short, 128> shorts_;
+};
+
+// Never destroyed, like the names.
+Cache& cache() {
+  static Cache* const instance = new Cache;
+  return *instance;
+}
+
+// The active steps of each level of a walk: most walks are not deep.
+class LevelStack {
+ public:
+  std::uint64_t& operator[](std::size_t level) {
+    if (level < near_.size()) return near_[level];
+    if (level - near_.size() >= far_.size()) far_.resize(level);
+    return far_[level - near_.size()];
+  }
+
+ private:
+  std::array<std::uint64_t, 24> near_;
+  std::vector<std::uint64_t> far_;
+};
+
+bool matches(Node* element, const Step& step);
+
+// One walk in document order finds each match once, whatever the steps: every element gets the set of steps
+// that lead to it, bit i standing for "the first i steps do". A set that has run empty prunes what is below.
+// `visit` is called for each match until it answers true.
+template <class Visit>
+bool walk(Node* start, bool startIsCandidate, const Path& path, Visit visit) {
+  std::uint64_t descendants = 0;
+  for (std::size_t i = 0; i < path.steps.size(); ++i) {
+    if (path.steps[i].descendant) descendants |= std::uint64_t{1} << i;
+  }
+  const std::uint64_t whole = std::uint64_t{1} << path.steps.size();
+  LevelStack active;
+  std::size_t level = 0;
+  active[0] = 1;
+  Node* node = startIsCandidate ? (start->isElement() ? start : nullptr) : firstElement(start);
+  while (node != nullptr) {
+    std::uint64_t reached = 0;
+    const std::uint64_t here = active[level];
+    for (std::uint64_t left = here; left != 0; left &= left - 1) {
+      const auto i = static_cast<std::size_t>(__builtin_ctzll(left));
+      if (matches(node, path.steps[i])) reached |= std::uint64_t{2} << i;
+    }
+    if ((reached & whole) != 0 && visit(node)) return true;
+    const std::uint64_t below = (reached & ~whole) | (here & descendants);
+    Node* const child = below != 0 ? firstElement(node) : nullptr;
+    if (child != nullptr) {
+      active[++level] = below;
+      node = child;
+      continue;
+    }
+    for (;;) {
+      if (Node* const next = node != start ? nextElement(node) : nullptr) {
+        node = next;
+        break;
+      }
+      if (level == 0) return false;
+      --level;
+      node = node->parent;
+    }
+  }
+  return false;
+}
+
+bool holds(Node* element, const Term& term) {
+  if (term.attribute) {
+    const Node* const attribute = findAttribute(element, term.name);
+    if (attribute == nullptr) return false;
+    return term.kind == Term::exists || (attribute->ownText() == term.literal) == (term.kind == Term::equal);
+  }
+  return walk(element, false, term.path, [&term](const Node* node) {
+    return term.kind == Term::exists || textEquals(node, term.literal) == (term.kind == Term::equal);
+  });
+}
+
+bool matches(Node* element, const Step& step) {
+  if (step.name != anyName && step.name != element->name) return false;
+  for (const Term& term : step.terms) {
+    if (!holds(element, term)) return false;
+  }
+  return true;
+}
+
+template <class Visit>
+void select(Node* context, const Path& path, Visit visit) {
+  if (!path.absolute) {
+    if (context->takesChildren()) walk(context, false, path, visit);
+    return;
+  }
+  Node* const root = rootOf(context);
+  walk(root, root->type != NODE_DOCUMENT, path, visit);
+}
+
+// Lookups by value leave nothing in the cache: their texts are as many as there are ids.
+bool lookUp(Node* context, std::string_view xpath, bool all, std::vector<Node*>& found) {
+  bool attribute = false;
+  std::string_view name, value;
+  if (!parseLookup(xpath, attribute, name, value)) return false;
+  DocumentNode* const document = homeOf(context);
+  if (document == nullptr) return false;
+  findByValue(document, attribute, name, value, all, found);
+  return true;
+}
+
+}  // namespace
+
+Node* selectFirst(Node* context, std::string_view xpath) {
+  std::vector<Node*> looked;
+  if (lookUp(context, xpath, false, looked)) return looked.empty() ? nullptr : looked.front();
+  const Path* const path = cache().get(xpath);
+  if (path == nullptr) return nullptr;
+  Node* found = nullptr;
+  select(context, *path, [&found](Node* node) {
+    found = node;
+    return true;
+  });
+  return found;
+}
+
+bool selectAll(Node* context, std::string_view xpath, std::vector<Node*>& found) {
+  if (lookUp(context, xpath, true, found)) return true;
+  const Path* const path = cache().get(xpath);
+  if (path == nullptr) return false;
+  found.clear();
+  select(context, *path, [&found](Node* node) {
+    found.push_back(node);
+    return false;
+  });
+  return true;
+}
+
+}  // namespace dom

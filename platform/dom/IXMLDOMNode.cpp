@@ -1,0 +1,197 @@
+#include "dom/IXMLDOMNode.h"
+
+#include "DomNames.h"
+#include "DomText.h"
+#include "DomTree.h"
+#include "DomWriter.h"
+#include "DomXPath.h"
+#include "dom/IXMLDOMDocument.h"
+
+// The operations of a handle: what is refused is refused here, then the tree does it. Taking and giving back
+// of handles stands with the tree's lifetime in DomTree.cpp.
+
+using dom::Node;
+
+namespace {
+
+bool isDeclaration(const Node* node) {
+  return node->type == NODE_PROCESSING_INSTRUCTION && node->name == dom::nameXml;
+}
+
+// Whether a document that has a `child` of this kind already takes no other one.
+bool onlyOne(const Node* child) { return child->isElement() || isDeclaration(child); }
+
+bool takes(const Node* parent, const Node* child) {
+  if (!parent->takesChildren() || child->type == NODE_ATTRIBUTE || child->type == NODE_DOCUMENT) return false;
+  for (const Node* up = parent; up != nullptr; up = up->parent) {
+    if (up == child) return false;
+  }
+  if (parent->type != NODE_DOCUMENT) {
+    if (isDeclaration(child)) return false;
+  } else {
+    if (child->isText()) return false;
+    for (const Node* other = onlyOne(child) ? parent->first() : nullptr; other != nullptr;
+         other = other->next) {
+      if (other != child && other->type == child->type && onlyOne(other)) return false;
+    }
+  }
+  if (!child->isElement()) return true;
+  return dom::levelOf(parent) + dom::heightOf(child) <= IXMLDOMNode::maxDepth;
+}
+
+}  // namespace
+
+IXMLDOMNode& IXMLDOMNode::operator=(const IXMLDOMNode& other) noexcept {
+  acquire(other.node_);
+  release(std::exchange(node_, other.node_));
+  return *this;
+}
+
+IXMLDOMNode& IXMLDOMNode::operator=(IXMLDOMNode&& other) noexcept {
+  if (this != &other) release(std::exchange(node_, std::exchange(other.node_, nullptr)));
+  return *this;
+}
+
+int IXMLDOMNode::nodeType() const noexcept { return node_ != nullptr ? int{node_->type} : NODE_INVALID; }
+
+std::string_view IXMLDOMNode::nodeName() const noexcept {
+  return node_ != nullptr ? dom::nameOf(node_->name) : std::string_view();
+}
+
+std::string IXMLDOMNode::nodeValue() const {
+  return node_ != nullptr && !node_->takesChildren() ? std::string(node_->ownText()) : std::string();
+}
+
+bool IXMLDOMNode::putNodeValue(std::string_view value) const {
+  if (node_ == nullptr || node_->takesChildren()) return false;
+  if (isDeclaration(node_) && value.empty()) value = dom::defaultDeclaration;
+  if (!dom::validValue(node_->type, nodeName(), value)) return false;
+  dom::changeValue(node_, value);
+  return true;
+}
+
+std::string IXMLDOMNode::text() const { return node_ != nullptr ? dom::textOf(node_) : std::string(); }
+
+std::string_view IXMLDOMNode::textView(std::string& buffer) const {
+  return node_ != nullptr ? dom::textOf(node_, buffer) : std::string_view();
+}
+
+bool IXMLDOMNode::putText(std::string_view text) const {
+  if (node_ == nullptr || node_->type == NODE_DOCUMENT) return false;
+  if (!node_->isElement()) return putNodeValue(text);
+  if (!dom::validText(text)) return false;
+  dom::changeText(node_, text);
+  return true;
+}
+
+IXMLDOMNode IXMLDOMNode::parentNode() const {
+  return Node::handle(node_ != nullptr && node_->type != NODE_ATTRIBUTE ? node_->parent : nullptr);
+}
+
+IXMLDOMDocument IXMLDOMNode::ownerDocument() const {
+  return Node::handle(node_ != nullptr ? dom::documentOf(node_) : nullptr);
+}
+
+IXMLDOMElement IXMLDOMNode::firstElementChild() const {
+  return Node::handle(node_ != nullptr ? dom::firstElement(node_) : nullptr);
+}
+
+IXMLDOMElement IXMLDOMNode::nextElementSibling() const {
+  return Node::handle(node_ != nullptr && node_->type != NODE_ATTRIBUTE ? dom::nextElement(node_) : nullptr);
+}
+
+IXMLDOMNodeList IXMLDOMNode::childNodes() const {
+  IXMLDOMNodeList list;
+  if (node_ == nullptr || !node_->takesChildren()) return list;
+  dom::materialise(node_);
+  for (Node* child = node_->first(); child != nullptr; child = child->next) list.append(Node::handle(child));
+  return list;
+}
+
+bool IXMLDOMNode::appendChild(const IXMLDOMNode& child) const {
+  if (node_ == nullptr || child.node_ == nullptr || !takes(node_, child.node_)) return false;
+  dom::moveTo(node_, child.node_, isDeclaration(child.node_));
+  return true;
+}
+
+bool IXMLDOMNode::removeChild(const IXMLDOMNode& child) const {
+  Node* const node = child.node_;
+  if (node == nullptr || node_ == nullptr || node->parent != node_ || node->type == NODE_ATTRIBUTE)
+    return false;
+  dom::detach(node);
+  return true;
+}
+
+IXMLDOMNode IXMLDOMNode::cloneNode(bool deep) const {
+  if (node_ == nullptr || node_->type == NODE_DOCUMENT) return {};
+  return Node::handle(dom::cloneOf(node_, dom::documentOf(node_), deep));
+}
+
+bool IXMLDOMNode::selectSingleNode(std::string_view xpath, IXMLDOMNode& found) const {
+  Node* const node = node_ != nullptr ? dom::selectFirst(node_, xpath) : nullptr;
+  if (node == nullptr) return false;
+  found = Node::handle(node);
+  return true;
+}
+
+bool IXMLDOMNode::selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const {
+  std::vector<Node*> nodes;
+  if (node_ == nullptr || !dom::selectAll(node_, xpath, nodes)) return false;
+  found.clear();
+  for (Node* const node : nodes) found.append(Node::handle(node));
+  return true;
+}
+
+IXMLDOMNode IXMLDOMNode::getNamedItem(std::string_view name) const {
+  return Node::handle(node_ != nullptr ? dom::findAttribute(node_, name) : nullptr);
+}
+
+IXMLDOMNodeList IXMLDOMNode::attributes() const {
+  IXMLDOMNodeList list;
+  if (node_ == nullptr) return list;
+  for (Node* a = dom::firstAttribute(node_); a != nullptr; a = a->next) list.append(Node::handle(a));
+  return list;
+}
+
+bool IXMLDOMNode::getAttribute(std::string_view name, std::string_view& value) const {
+  const Node* const attribute = node_ != nullptr ? dom::findAttribute(node_, name) : nullptr;
+  if (attribute == nullptr) return false;
+  value = attribute->ownText();
+  return true;
+}
+
+bool IXMLDOMNode::setAttributeNode(const IXMLDOMNode& attribute) const {
+  Node* const node = attribute.node_;
+  if (node_ == nullptr || !node_->isElement() || node == nullptr || node->type != NODE_ATTRIBUTE)
+    return false;
+  if (node->parent == node_) return true;
+  if (node->parent != nullptr) return false;
+  dom::putAttribute(node_, node);
+  return true;
+}
+
+bool IXMLDOMNode::setAttribute(std::string_view name, std::string_view value) const {
+  if (node_ == nullptr || !node_->isElement() || !dom::validText(value)) return false;
+  if (Node* const present = dom::findAttribute(node_, name)) {
+    dom::changeValue(present, value);
+    return true;
+  }
+  if (!dom::validName(name)) return false;
+  Node* const attribute = dom::newNode(NODE_ATTRIBUTE, dom::internName(name));
+  dom::setOwnText(attribute, value);
+  dom::putAttribute(node_, dom::adopt(attribute, dom::documentOf(node_)));
+  return true;
+}
+
+bool IXMLDOMNode::removeAttribute(std::string_view name) const {
+  Node* const attribute = node_ != nullptr ? dom::findAttribute(node_, name) : nullptr;
+  if (attribute == nullptr) return false;
+  dom::detach(attribute);
+  return true;
+}
+
+std::string IXMLDOMNode::xml() const { return node_ != nullptr ? dom::xmlOf(node_) : std::string(); }
+
+unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->line() : 0; }
+
+std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? node_->stamp : 0; }
