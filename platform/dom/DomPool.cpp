@@ -70,6 +70,7 @@ struct Slab {
 
 List<Slab> roomy[largest / 8 + 1];
 List<Chunk> chunks;
+std::size_t mapped = 0;
 Chunk* spare =
     nullptr;  // one wholly free chunk is kept, so that editing at its edge asks the system for nothing
 
