@@ -50,13 +50,21 @@ TEST(GeneratorGeometry, ComposesInTheOrderYawPitchRoll) {
        {0, 1 * mm, 0},
        {0, 0, 1 * mm, kQuarterTurn, 0, 0}},
       {"yaws add up", {0, 0, 0, 0, 0, 1'000'000}, {0, 0, 0, 0, 0, 2'000'000}, {0, 0, 0, 0, 0, 3'000'000}},
+      {"looking up, roll and yaw add up in the yaw",
+       {0, 0, 0, 0, 0, 300'000},
+       {0, 0, 0, 200'000, -kQuarterTurn, 0},
+       {0, 0, 0, 0, -kQuarterTurn, 500'000}},
+      {"looking down, the yaw is their difference",
+       {0, 0, 0, 0, 0, 300'000},
+       {0, 0, 0, 200'000, kQuarterTurn, 0},
+       {0, 0, 0, 0, kQuarterTurn, 100'000}},
       {"a roll within a yaw stays a roll",
        {0, 0, 0, 0, 0, 700'000},
        {0, 0, 0, 400'000},
        {0, 0, 0, 400'000, 0, 700'000}}};
   for (const auto& each : cases) {
     const Placement got = compose(each.parent, each.relative);
-    // The quarter turn is itself rounded: a metre-long lever shows it in the last digit.
+    // The quarter turn is itself rounded, which shows in the last digit.
     const auto near = [&](Millionths actual, Millionths expected) {
       EXPECT_LE(std::abs(actual - expected), 2) << each.what << ": " << actual << " for " << expected;
     };

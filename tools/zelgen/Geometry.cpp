@@ -8,6 +8,10 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 
+// A quarter turn in millionths is no exact one: its cosine is 3e-7. What is nearer to the pole than the last
+// decimal can tell counts as standing on it.
+constexpr double kUpright = 1e-6;
+
 using Matrix = std::array<std::array<double, 3>, 3>;
 
 double toDouble(Millionths value) { return static_cast<double>(value) / 1e6; }
@@ -48,7 +52,7 @@ Matrix product(const Matrix& left, const Matrix& right) {
 void setRotation(Placement& placement, const Matrix& rotation) {
   const double cosinePitch = std::sqrt(rotation[0][0] * rotation[0][0] + rotation[1][0] * rotation[1][0]);
   placement.pitch = toMillionths(angleOf(-rotation[2][0], cosinePitch));
-  if (cosinePitch > 1e-9) {
+  if (cosinePitch > kUpright) {
     placement.roll = toMillionths(angleOf(rotation[2][1], rotation[2][2]));
     placement.yaw = toMillionths(angleOf(rotation[1][0], rotation[0][0]));
   } else {

@@ -52,7 +52,7 @@ bool OutputFile::write(std::string_view bytes) {
 
 bool OutputFile::commit() {
   if (!error_.empty()) return false;
-  if (std::fflush(file_) != 0) return fail("cannot write");
+  // What the stream still holds goes out here, so a disk that is full by now shows in the result.
   std::FILE* const file = file_;
   file_ = nullptr;
   if (std::fclose(file) != 0) return fail("cannot write");

@@ -5,6 +5,10 @@
 #include "document/ZelXmlFunctions.h"
 #include "wrapper/ZelXmlWrapper.h"
 
+bool ZelXmlFace<ZelVorLabelsContainer, ZelXmlProcessAssembly>::getLabels(ApiPmIdList& ids) const {
+  return static_cast<const ZelXmlNode&>(static_cast<const ZelXmlProcessAssembly&>(*this)).getLabels(ids);
+}
+
 bool ZelXmlProcessAssembly::getLocation(RTTran3D& location) const {
   ApiPmId own;
   ApiPmId shortcut;
