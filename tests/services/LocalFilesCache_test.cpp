@@ -110,9 +110,12 @@ TEST_F(FilesCache, MirrorsADirectory) {
   write(name + "/gripper.jt", "shape");
   write(name + "/more/data.xml", "data");
   write(name + "/turns", "a file");
+  write(origin("shared/linked.jt"), "linked");
+  fs::create_directory_symlink(origin("shared"), name + "/link");
   const std::string copy = copyOf(name, true);
   EXPECT_EQ(read(copy + "/gripper.jt"), "shape");
   EXPECT_EQ(read(copy + "/more/data.xml"), "data");
+  EXPECT_EQ(read(copy + "/link/linked.jt"), "linked");
   EXPECT_EQ(fs::path(copy).filename(), "gripper.cojt");
   // What the origin lacks goes, also where a file turned into a directory.
   fs::remove(name + "/gripper.jt");
@@ -129,6 +132,22 @@ TEST_F(FilesCache, MirrorsADirectory) {
   EXPECT_EQ(sourceOf(copy + "/more/data.xml"), name + "/more/data.xml");
   // With a separator at the end it is another name of the same thing.
   EXPECT_EQ(read(copyOf(name + "/", true) + "/new.jt"), "new");
+}
+
+TEST_F(FilesCache, RefusesWhatHasNoPlaceInTheCache) {
+  write(origin("part.jt"), "text");
+  const std::string copy = copyOf(origin("part.jt"), true);
+  const std::string noNames[] = {
+      "", "/", "\\", ".", "..", origin(".."), cache() + "\\..", std::string("a\0b", 3)};
+  for (const std::string& name : noNames) {
+    EXPECT_FALSE(files().registerFileForDownload(name)) << name;
+    EXPECT_EQ(copyOf(name, true), "-") << name;
+  }
+  // A directory that holds the cache cannot be brought into it.
+  for (const std::string& name : {root_.string(), cache(), root_.string() + "/"}) {
+    EXPECT_EQ(copyOf(name, true), "-") << name;
+  }
+  EXPECT_EQ(read(copy), "text");
 }
 
 TEST_F(FilesCache, TellsTheOriginOfACopy) {

@@ -282,7 +282,7 @@ TEST(StudyGenerator, SeedDecidesTheBytes) {
   EXPECT_NE(study, generateStudy({.objects = 20'000, .seed = 8, .shared = 25}));
   // FNV-1a of the text as every machine must give it. A deliberate change of the output changes it too.
   std::uint64_t hash = 0xCBF29CE484222325u;
-  for (const unsigned char byte : study) hash = (hash ^ byte) * 0x100000001B3u;
+  for (const char byte : study) hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3u;
   EXPECT_EQ(hash, 18214641984703146802u);
 }
 

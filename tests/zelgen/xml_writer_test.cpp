@@ -27,7 +27,7 @@ TEST(GeneratorXmlWriter, NumbersHaveSixDecimalsAndTheirSign) {
                                                       {-12'345'678, "-12.345678"},
                                                       {100'000'010, "100.000010"}};
   for (const auto& [value, text] : cases) {
-    EXPECT_EQ(written(false, [&](XmlWriter& xml) { xml.millionths("x", value); }),
+    EXPECT_EQ(written(false, [number = value](XmlWriter& xml) { xml.millionths("x", number); }),
               "<x>" + std::string(text) + "</x>");
   }
 }

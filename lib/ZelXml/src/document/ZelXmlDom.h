@@ -47,7 +47,8 @@ bool zelXmlSetAttribute(const IXMLDOMNode& element, std::string_view name, std::
 bool zelXmlGetExternalId(const IXMLDOMNode& node, std::string& text);
 
 // Text forms of numbers, whatever the locale: doubles with six decimals, read up to the first character that
-// is no part of a number; what does not begin with a number reads as 0.
+// is no part of a number. What does not begin with a number reads as 0, "nan" and "inf" too; a number that is
+// too large reads as the largest there is.
 std::string zelXmlFormatDouble(double value);
 double zelXmlParseDouble(std::string_view text);
 long zelXmlParseLong(std::string_view text);

@@ -26,5 +26,6 @@ bool zelXmlSetParentTextFromElement(const IXMLDOMNode& element, const IXMLDOMNod
 bool zelXmlSetLinkText(const IXMLDOMNode& element, std::string_view id);
 // Empties the text of an existing field.
 bool zelXmlClearField(const IXMLDOMNode& element, std::string_view field);
-// Writes the family value of its class into every object element, or into those of one class.
+// Writes the family value of its class into every object element, or into those of one class. An object of a
+// class without family keeps what it has.
 bool zelXmlFillFamily(const IXMLDOMDocument& document, std::string_view className);

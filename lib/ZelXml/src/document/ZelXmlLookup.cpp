@@ -1,6 +1,7 @@
 #include "document/ZelXmlLookup.h"
 
 #include <string>
+#include <utility>
 
 #include "api/ApiLogLogger.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
@@ -15,7 +16,7 @@ bool searchNode(const IXMLDOMDocument& document, std::string_view id, IXMLDOMNod
   if (!zelXmlIsReference(id)) return false;
   IXMLDOMElement found;
   const bool isFound = document.findByAttribute("ExternalId", id, found);
-  if (isFound) element = found;
+  if (isFound) element = std::move(found);
   ZEL_LOG("ZelXml", ApiLogLogger::progress, "End search node: " + std::string(id) + " in document");
   return isFound;
 }
@@ -24,7 +25,7 @@ bool lookUp(const ApiPmXmlCachedDocument& cached, const IXMLDOMDocument& documen
             IXMLDOMNode& element, bool quiet) {
   IXMLDOMElement found;
   if (id.isNull() || !cached.getNodeById(document, id, found, quiet)) return false;
-  element = found;
+  element = std::move(found);
   return true;
 }
 

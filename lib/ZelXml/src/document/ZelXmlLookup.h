@@ -26,7 +26,8 @@ bool zelXmlFindInDocuments(const ApiPmId& id, const IXMLDOMDocument& first, cons
 // The first Data/Objects.
 bool zelXmlGetObjectsSection(const IXMLDOMDocument& document, IXMLDOMNode& section);
 
-// The object that a layout places: the text of `node`, else the first element whose `layout` names it.
+// The object that a layout places: the text of `node`, else the first element whose `layout` names it. A
+// `node` that refers to nothing is false.
 bool zelXmlGetLayoutOwnerId(const IXMLDOMDocument& document, const IXMLDOMNode& layout, ApiPmId& owner);
 
 // The element that holds the data of an instance: `prototype`, else `prototype` of `masterObj`, else

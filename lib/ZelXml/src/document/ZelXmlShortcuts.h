@@ -37,8 +37,9 @@ bool zelXmlGetShortcutStudyObjects(const IXMLDOMDocument& document, const ApiPmI
 bool zelXmlIsOperationShortcut(const IXMLDOMDocument& document, std::string_view shortcutId);
 bool zelXmlIsOperationShortcutElement(const IXMLDOMNode& shortcut);
 
-// Removes a shortcut with study info, study layout and both list items; not published. True also when only
-// the shortcut itself was there to remove.
+// Removes a shortcut with study info, study layout and both list items; not published. True also when info,
+// layout or items are missing; without its study the shortcut stays, false. The second form removes those of
+// operations and ends at the first that stays.
 bool zelXmlRemoveShortcut(ApiPmXmlCachedDocument& cached, const IXMLDOMNode& shortcut);
 bool zelXmlRemoveOperationShortcuts(ApiPmXmlCachedDocument& cached);
 // The same with publication: three deletions, then the study.

@@ -15,6 +15,7 @@ inline constexpr std::string_view ZELXML_UPDATE_COMMAND = "DG_UPDATE_STREAM_COMM
 inline constexpr std::string_view ZELXML_DELETE_COMMAND = "DG_DELETE_STREAM_COMMAND";
 
 // The section of a command, made if need be, with Data and the XML declaration where there is no Data yet.
+// False for a document whose root is another element.
 bool zelXmlEnsureStreamSection(const IXMLDOMDocument& document, std::string_view command,
                                IXMLDOMNode& section);
 

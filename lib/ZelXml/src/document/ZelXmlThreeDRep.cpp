@@ -17,6 +17,13 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
+// Without the "\\" at its end.
+std::string_view systemRoot() {
+  const std::string_view root = ApiPmSessionManager::the().systemRoot;
+  return root.substr(0, root.find_last_not_of('\\') + 1);
+}
+
+// Without a root no path lies below it.
 bool isBelow(const ApiSysFileName& path, const ApiSysFileName& root) {
   const std::string directory = root.asString(true);
   // The common directory is taken in the root's spelling, so that its separators agree.
@@ -33,18 +40,13 @@ bool zelXmlResolveFileName(std::string_view stored, std::string& resolved) {
   }
   stored.remove_prefix(1);
   stored.remove_prefix(std::min(stored.find_first_not_of('\\'), stored.size()));
-  std::string_view root = ApiPmSessionManager::the().systemRoot;
-  root = root.substr(0, root.find_last_not_of('\\') + 1);
-  resolved = std::string(root).append("\\").append(stored);
+  resolved = std::string(systemRoot()).append("\\").append(stored);
   return true;
 }
 
 bool zelXmlMakeRootRelative(std::string_view path, std::string& stored) {
-  const std::string& systemRoot = ApiPmSessionManager::the().systemRoot;
-  const ApiSysFileName name(path), root(systemRoot);
-  // Without a root no path lies below it.
-  stored = !systemRoot.empty() && isBelow(name, root) ? "#\\" + name.relative(root).asString(false)
-                                                      : name.asString(false);
+  const ApiSysFileName name(path), root(systemRoot());
+  stored = isBelow(name, root) ? "#\\" + name.relative(root).asString(false) : name.asString(false);
   return true;
 }
 

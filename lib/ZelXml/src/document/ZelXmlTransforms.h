@@ -17,7 +17,8 @@ bool zelXmlGetTransformPaths(const IXMLDOMNode& element, std::string_view locati
 bool zelXmlSetTransformPaths(const IXMLDOMNode& element, std::string_view locationPath,
                              std::string_view rotationPath, const RTTran3D& transform);
 
-// A field with `location` and `rotation`, or with `location` only.
+// A field with `location` and `rotation`, or with `location` only. An absent field is false. Lists that are
+// missing in it count as zeros in a transformation, and leave a translation alone.
 bool zelXmlGetTransform(const IXMLDOMNode& element, std::string_view field, RTTran3D& transform);
 bool zelXmlAddTransform(const IXMLDOMNode& element, std::string_view field, const RTTran3D& transform);
 bool zelXmlGetTranslation(const IXMLDOMNode& element, std::string_view field, RTVec3D& translation);
@@ -41,7 +42,7 @@ bool zelXmlSetAbsoluteLocation(const IXMLDOMNode& layout, const RTTran3D& transf
 bool zelXmlMoveLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& delta);
 // Sets the absolute placement of a layout and of all below it. Children that are missing, or have no readable
 // placement, are passed over; false at the first layout that cannot be written. A layout that stands below
-// itself is written once.
+// itself is written once; one that several layouts list is placed by the last of them.
 bool zelXmlPropagateAbsoluteLocation(const IXMLDOMDocument& document, const IXMLDOMNode& layout,
                                      const RTTran3D& absolute);
 // inverse(absolute of `base`) * absolute of `layout`.

@@ -8,6 +8,16 @@
 #include "wrapper/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
 
+bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, const ApiPmId& given) {
+  const ApiPmId parent = given;
+  ApiPmId id;
+  IXMLDOMNode parentElement;
+  return zelXmlGetExternalId(child, id) && zelXmlFindNodeById(wrapper.DOMDocument(), parent, parentElement) &&
+         zelXmlRemoveChildAndPublish(wrapper.OUTDocument(), parentElement, id) &&
+         wrapper.relevantParentFinder().removeRelevantParent(id) &&
+         zelXmlRemoveParentItem(child, wrapper.OUTDocument(), parent);
+}
+
 bool zelXmlDetachFromRelevantParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child) {
   ApiPmId id;
   ApiPmId parent;
@@ -92,23 +102,11 @@ bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
   ApiPmId parent;
   if (!wrapper || !zelXmlGetExternalId(child, id)) return false;
   if (wrapper->relevantParentFinder().findRelevantParent(id, parent)) {
-    if (!detachFromParent(child, parent)) return false;
+    if (!zelXmlDetachFromParent(*wrapper, child, parent)) return false;
   } else if (ZelXmlNode* node = wrapper->zelXmlNodeFromId(id)) {
     wrapper->roots().remove(node->pmNode());
   }
   return zelXmlAddChildItem(getXmlNode(), id) && zelXmlPublishUpdate(wrapper->OUTDocument(), getXmlNode());
-}
-
-bool ZelXmlCollectionService::detachFromParent(const IXMLDOMNode& child, const ApiPmId& parentId) {
-  const ApiPmId parent = parentId;
-  ZelXmlWrapper* wrapper = owner().getWrapper();
-  ApiPmId id;
-  IXMLDOMNode parentElement;
-  return wrapper && zelXmlGetExternalId(child, id) &&
-         zelXmlFindNodeById(wrapper->DOMDocument(), parent, parentElement) &&
-         zelXmlRemoveChildAndPublish(wrapper->OUTDocument(), parentElement, id) &&
-         wrapper->relevantParentFinder().removeRelevantParent(id) &&
-         zelXmlRemoveParentItem(child, wrapper->OUTDocument(), parent);
 }
 
 bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {

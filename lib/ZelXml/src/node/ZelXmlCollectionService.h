@@ -28,9 +28,6 @@ class ZelXmlCollectionService : public ZelXmlService {
   bool addChild(ZelNode* child);
   // Detaches the child (from its parent that counts, or from the roots) and lists it here; published.
   bool addChildElement(const IXMLDOMNode& child);
-  // Takes a child off its parent's list, the parent off the child's, and drops the parent that counts;
-  // publishes both.
-  bool detachFromParent(const IXMLDOMNode& child, const ApiPmId& parent);
   // Appends the nodes of the children for which this is the parent that counts.
   bool getChildNodes(ZelNodeList& children) const;
   // Replaces `ids` by the whole list.
@@ -45,6 +42,9 @@ class ZelXmlCollectionService : public ZelXmlService {
   bool isBelow(const ApiPmId& id) const;
 };
 
+// Takes an object off its parent's list, the parent off the object's, and drops the parent that counts;
+// publishes both.
+bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, const ApiPmId& parent);
 // Detaches an object from its parent that counts without publication: the parent's list, the child's list,
 // the finder. True for an object without one; false when the parent cannot be found.
 bool zelXmlDetachFromRelevantParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child);

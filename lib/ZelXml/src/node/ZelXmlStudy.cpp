@@ -65,8 +65,7 @@ bool ZelXmlStudyNode::moveChild(ZelNode* child) {
   ApiPmId parent;
   if (!wrapper || !node || node == this || !node->getExternalId(id)) return false;
   if (wrapper->relevantParentFinder().findRelevantParent(id, parent) &&
-      (!wrapper->getZelNodeFromId(parent) ||
-       !collectionService().detachFromParent(node->getXmlNode(), parent))) {
+      (!wrapper->getZelNodeFromId(parent) || !zelXmlDetachFromParent(*wrapper, node->getXmlNode(), parent))) {
     return false;
   }
   return addExistingChild(child);

@@ -21,6 +21,13 @@ void ZelXmlRoots::clear() {
   places_.clear();
 }
 
+void ZelXmlRoots::assign(const std::vector<ZelNode*>& roots) {
+  clear();
+  for (ZelNode* root : roots) {
+    if (root) append(root);
+  }
+}
+
 std::vector<ZelNode*> ZelXmlRoots::list() const {
   std::vector<ZelNode*> listed;
   listed.reserve(places_.size());

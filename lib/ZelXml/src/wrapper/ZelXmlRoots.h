@@ -17,6 +17,8 @@ class ZelXmlRoots {
   // False for a node that is no root.
   bool remove(const ZelNode* node);
   void clear();
+  // Replaces all roots; null entries and repeats are passed over.
+  void assign(const std::vector<ZelNode*>& roots);
   std::vector<ZelNode*> list() const;
 
  private:

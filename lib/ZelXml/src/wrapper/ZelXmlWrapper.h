@@ -11,6 +11,7 @@
 #include "wrapper/ZelXmlShortcutFinder.h"
 #include "zel/ZelWrapper.h"
 
+class ZelVorLabel;
 class ZelXmlNode;
 
 // A study document as live nodes. The document itself belongs to the session, which is asked for it at each
@@ -32,6 +33,21 @@ class ZelXmlWrapper : public ZelVorWrapper {
   ZelNode* getZelNodeFromId(const ApiPmId& id) override;
   bool getRoots(ApiPmIdList& ids) const override;
   bool generateUniqueId(ApiPmId& id) const override;
+  // Takes the object off its parent's list and deletes it, as ZelXmlNode::deleteNode; a label is taken off
+  // the object that it is assigned to. The children of a deleted compound stay, without a parent that counts.
+  // False for an id without node, and when the element stays: then the node stays too.
+  bool deleteNode(ApiPmId& id) override;
+  // A new object that is a root, published. An empty class name takes that of the type. Null, with nothing
+  // made, for a type or class that no element can be made of. The last argument is not read.
+  ZelNode* createRoot(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id,
+                      const ApiPmId& other) override;
+  ZelNode* createRoot(ZelNodeType type, const ApiPmId& id) override { return createRoot(type, {}, id, {}); }
+  // Takes a child out of its parent and makes it a root; published. True also for an object without parent.
+  bool addRootFromOtherParent(ZelNode* node) override;
+  // A prototype object under a new id, or under that of `data`; not published. False leaves the element where
+  // a step after its making fails.
+  bool createNewPrototype(const ApiPmPrototypeData& data, const RWClassicWString& name, ApiPmId& id) override;
+  bool addExistingPrototype(const ApiPmPrototypeData& data) override { return createPrototypeNode(data, {}); }
   void setDatabaseId(const ApiDatabaseId& id) override { databaseId_ = id; }
   ApiDatabaseId databaseId() const override { return databaseId_; }
   const ZelWrapper* queryInterface(int type) const override { return type == 0 ? this : nullptr; }
@@ -51,6 +67,29 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // cache.
   void setUpdateDocument(const IXMLDOMDocument& document) override;
   void setOutDocument(const IXMLDOMDocument& document) override;
+  // The roots named come first, in this order, the others follow in their present order. Ids that are no
+  // roots are passed over. Always true.
+  bool reorderRoots(const ApiPmIdList& ids) override;
+  // Lets go of the study object, its shortcuts and all operation shortcuts, then takes `document` in as an
+  // incremental update, whose study object becomes the study. The id is not read. Stops at the first false;
+  // there is no way back then.
+  bool moveContentToNewStudy(const IXMLDOMDocument& document, const ApiPmId& id) override;
+  // Publishes a copy of the study object without its operation shortcuts. False without an OUT document.
+  bool filterOtherTechnologiesShortcutsFromStudy() override;
+  // Whether the OUT document holds a command for `id`, and the object has a node, or has none. False, and
+  // `result` untouched, without an OUT document.
+  bool isNodeInExportedNodes(const ApiPmId& id, bool& result) override;
+  bool isNodeInExportDeletedNodes(const ApiPmId& id, bool& result) override;
+  // Leaves every shared object to the parent that counts. Publishes nothing. Stops at the first node that
+  // answers false; the nodes before it stay changed.
+  bool removeSharing() override;
+  // Follow what has happened in the data store already; nothing is published. The first removes a root with
+  // its layout, and with its place in the study. The second takes a child from its parent that counts, enters
+  // `parent` and the parent's layout, and puts it at its old relative placement under `location`, the
+  // absolute placement of that parent. Steps after a failing one do not run.
+  bool refreshDeleteRoot(ZelNode* node) override;
+  bool refreshSetChildAsRoot(ZelNode* node, const ApiPmId& parent, const ApiPmId& parentLayout,
+                             const RTTran3D& location) override;
   IXMLDOMDocument prototypesDOMDocument() const override { return DOMDocument(); }
 
   ZelXmlIdConvertor& convertor() { return convertor_; }
@@ -98,6 +137,11 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // Indexes the element under its id, and pairs the data store's number with the id. False without id.
   bool handleNewNodeCaches(const IXMLDOMNode& element);
 
+  // Deletes one after the other; stops at the first false. False for an empty list.
+  bool deleteNodesList(const ApiPmIdList& ids);
+  // Whether a shortcut in the list of the study leads to `id`. False without the study, or its list.
+  bool doesStudyContainNodeByShortcut(const ApiPmId& id, bool& contained);
+
   // The section of a command of a change stream, made if need be.
   bool createOutDocumentNode(const IXMLDOMDocument& document, std::string_view command, IXMLDOMNode& node);
 
@@ -108,6 +152,13 @@ class ZelXmlWrapper : public ZelVorWrapper {
   void updateRoots();
   bool refreshRoots();
   void issueSharedNodeAdditionalParentIgnoredWarning(const ApiPmId& child, const IXMLDOMNode& parent);
+  bool refreshParentWithNewChild(const ApiPmId& parent, ZelNode* node);
+  bool refreshStudyNodeDeletion();
+  bool refreshShortcutRemovalFromStudy(const ApiPmId& shortcut, const ApiPmId& node);
+  bool refreshAllShortcutsRemovalFromStudy();
+  bool createPrototypeNode(const ApiPmPrototypeData& data, const RWClassicWString& name);
+  bool deleteLabel(ZelVorLabel& label, const ApiPmId& id);
+  bool isNodeCachedInExportedDoc(const ApiPmId& id, bool& cached) const;
   void readSessionMngInformation();
   void writeSessionMngInformation() const;
 

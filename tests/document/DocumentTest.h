@@ -1,0 +1,81 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "api/ApiPmIds.h"
+#include "api/ApiPmSessionManager.h"
+#include "api/ApiPmXmlCacheDocumentMgr.h"
+#include "document/ZelXmlFunctions.h"
+#include "dom/IXMLDOMDocument.h"
+
+namespace document_test {
+
+inline IXMLDOMDocument parse(std::string_view text) {
+  IXMLDOMDocument document = IXMLDOMDocument::create();
+  DomError error;
+  EXPECT_TRUE(document.loadXML(text, &error)) << error.message();
+  return document;
+}
+
+inline IXMLDOMNode at(const IXMLDOMNode& node, std::string_view path) {
+  IXMLDOMNode found;
+  EXPECT_TRUE(node.selectSingleNode(path, found)) << path;
+  return found;
+}
+
+inline IXMLDOMNode object(const IXMLDOMDocument& document, std::string_view id) {
+  IXMLDOMElement found;
+  EXPECT_TRUE(document.findByAttribute("ExternalId", id, found)) << id;
+  return found;
+}
+
+inline std::string root(const IXMLDOMDocument& document) { return document.documentElement().xml(); }
+
+// A study held by the session, an OUT document with an index, and new ids "new1", "new2", ...
+class DocumentTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    api::setGuidSource([this] { return "new" + std::to_string(++ids_); });
+    ApiPmXmlCacheDocumentMgr::the().addDocument(out);
+  }
+  void TearDown() override {
+    ApiPmXmlCacheDocumentMgr::the().removeDocument(out);
+    session().setImportedDocumentAndDocRef({}, {});
+    session().systemRoot.clear();
+    session().modeField = 0;
+    api::setGuidSource(nullptr);
+  }
+
+  static ApiPmSessionManager& session() { return ApiPmSessionManager::the(); }
+  static ApiPmXmlCachedDocument& cached() { return session().cachedDocument(); }
+
+  // `objects` is the content of Data/Objects.
+  void open(const std::string& objects) {
+    study = parse("<Data><Objects>" + objects + "</Objects></Data>");
+    session().setImportedDocumentAndDocRef(study, {});
+  }
+  IXMLDOMNode element(std::string_view id) const { return object(study, id); }
+  std::string objects() const {
+    std::string text;
+    for (auto child = at(study, "Data/Objects").firstElementChild(); child;
+         child = child.nextElementSibling())
+      text += child.xml();
+    return text;
+  }
+
+  IXMLDOMDocument study;
+  IXMLDOMDocument out = IXMLDOMDocument::create();
+  const IXMLDOMDocument none;
+
+ private:
+  int ids_ = 0;
+};
+
+inline std::string updates(const std::string& content) {
+  return "<Data><Objects command=\"DG_UPDATE_STREAM_COMMAND\">" + content + "</Objects></Data>";
+}
+
+}  // namespace document_test

@@ -1,0 +1,194 @@
+#include "document/DocumentTest.h"
+
+using namespace document_test;
+
+namespace {
+
+ApiPmIdList idList(std::initializer_list<const char*> texts) {
+  ApiPmIdList ids;
+  for (const char* text : texts) ids.append(ApiPmId(text));
+  return ids;
+}
+
+}  // namespace
+
+TEST(DocumentFields, WritersAddAndReadersTakeTheFirst) {
+  const IXMLDOMDocument document = parse("<a/>");
+  const IXMLDOMNode a = at(document, "a");
+  EXPECT_TRUE(zelXmlAddBool(a, "bool", true));
+  EXPECT_TRUE(zelXmlAddBool(a, "bool", false));
+  EXPECT_TRUE(zelXmlAddInt(a, "int", -12));
+  EXPECT_TRUE(zelXmlAddDouble(a, "double", 2.0000004));
+  EXPECT_TRUE(zelXmlAddString(a, "text", " <& "));
+  EXPECT_TRUE(zelXmlAddWideString(a, "wide", "\xC3\xA4"));
+  EXPECT_EQ(root(document),
+            "<a><bool>1</bool><bool>0</bool><int>-12</int><double>2.000000</double>"
+            "<text> &lt;&amp; </text><wide>\xC3\xA4</wide></a>");
+  bool truth = false;
+  int integer = 0;
+  double number = 0;
+  std::string text, wide;
+  EXPECT_TRUE(zelXmlGetBool(a, "bool", truth) && zelXmlGetInt(a, "int", integer));
+  EXPECT_TRUE(zelXmlGetDouble(a, "double", number));
+  EXPECT_TRUE(zelXmlGetString(a, "text", text) && zelXmlGetWideString(a, "wide", wide));
+  EXPECT_TRUE(truth);
+  EXPECT_EQ(integer, -12);
+  EXPECT_EQ(number, 2);
+  EXPECT_EQ(text, " <& ");
+  EXPECT_EQ(wide, "\xC3\xA4");
+}
+
+TEST(DocumentFields, AbsentFieldsLeaveTheCallersValue) {
+  const IXMLDOMDocument document = parse("<a/>");
+  const IXMLDOMNode a = at(document, "a");
+  bool truth = true;
+  int integer = 3;
+  double number = 4;
+  std::string text = "kept";
+  RTTran3D placement({1, 2, 3}, {});
+  ApiGlobalUniqueId unique;
+  EXPECT_FALSE(zelXmlGetBool(a, "x", truth) || zelXmlGetInt(a, "x", integer));
+  EXPECT_FALSE(zelXmlGetDouble(a, "x", number) || zelXmlGetString(a, "x", text));
+  EXPECT_FALSE(zelXmlGetTransform(a, "x", placement) || zelXmlGetFamily(a, text));
+  EXPECT_FALSE(zelXmlGetExternalIdText(a, text) || zelXmlGetGlobalId(a, unique));
+  EXPECT_TRUE(truth);
+  EXPECT_EQ(integer, 3);
+  EXPECT_EQ(number, 4);
+  EXPECT_EQ(text, "kept");
+  EXPECT_EQ(placement.getTranslation(), (RTVec3D{1, 2, 3}));
+}
+
+TEST(DocumentFields, OnlyOneIsTrue) {
+  const struct {
+    const char* text;
+    bool value;
+  } cases[] = {{"1", true},  {"0", false},    {"2", false}, {"", false},
+               {"01", true}, {"true", false}, {"1x", true}, {"4294967297", false}};
+  for (const auto& c : cases) {
+    const IXMLDOMDocument document = parse(std::string("<a><b>") + c.text + "</b></a>");
+    bool value = !c.value;
+    EXPECT_TRUE(zelXmlGetBool(at(document, "a"), "b", value));
+    EXPECT_EQ(value, c.value) << c.text;
+  }
+}
+
+TEST(DocumentFields, ListWritersReuseTheFieldOnlyWhenTold) {
+  const IXMLDOMDocument document = parse("<a/>");
+  const IXMLDOMNode a = at(document, "a");
+  EXPECT_TRUE(zelXmlAddTextList(a, "t", {"x"}, true));
+  EXPECT_TRUE(zelXmlAddWideStringList(a, "t", {"", "y"}, true));
+  EXPECT_TRUE(zelXmlAddDoubleList(a, "t", {1.5}, false));
+  EXPECT_TRUE(zelXmlAddIdList(a, "i", {}, false));
+  EXPECT_EQ(root(document),
+            "<a><t><item>x</item><item/><item>y</item></t><t><item>1.500000</item></t><i/></a>");
+  ZelXmlList<std::string> texts = {"before"};
+  EXPECT_TRUE(zelXmlGetTextList(a, "t", texts));
+  EXPECT_EQ(texts, (ZelXmlList<std::string>{"before", "x", "", "y", "1.500000"}));
+}
+
+TEST(DocumentFields, ListsOnAPathAreReadToo) {
+  const IXMLDOMDocument document =
+      parse("<a><g><n>0</n><l><item>1</item><x>2</x><item> 3</item></l></g></a>");
+  ZelXmlList<double> numbers;
+  EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a"), "g/l", numbers));
+  EXPECT_EQ(numbers, (ZelXmlList<double>{1, 3}));
+  EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a"), "g/absent", numbers));
+  EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a"), "absent", numbers));
+  EXPECT_EQ(numbers.entries(), 2U);
+}
+
+TEST(DocumentFields, IdListsHoldEachIdOnceButKeepWhatTheyHeld) {
+  std::string items;
+  ApiPmIdList expected = idList({"b", "b"});
+  for (int i = 0; i < 40; ++i) {
+    const std::string id = "id" + std::to_string(i % 25);
+    items += "<item>" + id + "</item><item>b</item>";
+    if (i < 25) expected.append(ApiPmId(id));
+    if (i == 0) expected.append(ApiPmId("b"));
+  }
+  const IXMLDOMDocument document = parse("<a><children>" + items + "</children></a>");
+  ApiPmIdList ids = idList({"b", "b"});
+  EXPECT_TRUE(zelXmlGetIdList(at(document, "a"), "children", ids));
+  EXPECT_EQ(ids, expected);
+}
+
+TEST(DocumentFields, FixedListsReplaceTheVector) {
+  const IXMLDOMDocument document = parse(
+      "<a><children><item>x</item><item/><item>x</item></children><labels/><parents><item>p</item>"
+      "</parents></a>");
+  const IXMLDOMNode a = at(document, "a");
+  ApiPmIdList ids = idList({"before"});
+  EXPECT_TRUE(zelXmlGetChildIds(a, ids));
+  EXPECT_EQ(ids, idList({"x", ""}));
+  EXPECT_TRUE(zelXmlGetLabelIds(a, ids));
+  EXPECT_EQ(ids, idList({}));
+  EXPECT_TRUE(zelXmlGetParentItemIds(a, ids));
+  EXPECT_EQ(ids, idList({"p"}));
+}
+
+TEST(DocumentFields, IdsWithARelativePartHaveTwoForms) {
+  const IXMLDOMDocument document = parse("<a><plain/><keyed/><broken><BrimID/></broken></a>");
+  const IXMLDOMNode a = at(document, "a");
+  const ApiPmExtendedId plain{ApiPmId("p"), {}}, keyed{ApiPmId("k"), ApiKey("7")};
+  EXPECT_TRUE(zelXmlAddExtendedId(at(a, "plain"), plain));
+  EXPECT_TRUE(zelXmlAddExtendedId(at(a, "keyed"), keyed));
+  EXPECT_TRUE(zelXmlAddNameExtendedIdList(a, "list", {{ApiPmId("n"), ""}, {ApiPmId("n"), "wheel"}}, false));
+  const std::string brim =
+      "<BrimID><ProcessModelID>k</ProcessModelID><BrimRelativeID>7</BrimRelativeID></BrimID>";
+  EXPECT_EQ(root(document),
+            "<a><plain>p</plain><keyed>" + brim +
+                "</keyed><broken><BrimID/></broken><list><item>n</item><item><BrimID><ProcessModelID>n"
+                "</ProcessModelID><BrimRelativeID>wheel</BrimRelativeID></BrimID></item></list></a>");
+  ApiPmExtendedId id{ApiPmId("old"), ApiKey("old")};
+  EXPECT_FALSE(zelXmlGetExtendedId(at(a, "broken"), id));
+  EXPECT_EQ(id, (ApiPmExtendedId{ApiPmId("old"), ApiKey("old")}));
+  EXPECT_TRUE(zelXmlGetExtendedId(at(a, "plain"), id));
+  EXPECT_EQ(id, plain);
+  EXPECT_TRUE(zelXmlGetExtendedId(at(a, "keyed"), id));
+  EXPECT_EQ(id, keyed);
+  ZelXmlList<ApiPmNameExtendedId> list;
+  EXPECT_TRUE(zelXmlGetNameExtendedIdList(a, "list", list));
+  EXPECT_EQ(list, (ZelXmlList<ApiPmNameExtendedId>{{ApiPmId("n"), ""}, {ApiPmId("n"), "wheel"}}));
+}
+
+TEST(DocumentFields, NestedReferencesAreReadUpToTheFirstWithoutId) {
+  const IXMLDOMDocument document = parse(
+      "<a><ref> <Sig ExternalId='s'/></ref><refs><item><Sig ExternalId='1'/></item><item><Sig/></item>"
+      "<item><Sig ExternalId='3'/></item></refs><none/></a>");
+  const IXMLDOMNode a = at(document, "a");
+  ApiPmId id;
+  ApiPmIdList ids;
+  EXPECT_TRUE(zelXmlGetNestedRef(a, "ref", id));
+  EXPECT_EQ(id.text(), "s");
+  EXPECT_FALSE(zelXmlGetNestedRef(a, "none", id));
+  EXPECT_FALSE(zelXmlGetNestedRefList(a, "refs", ids));
+  EXPECT_EQ(ids, idList({"1"}));
+  EXPECT_TRUE(zelXmlAddNode(a, "moved", at(a, "ref/Sig")));
+  EXPECT_EQ(at(a, "moved").xml() + at(a, "ref").xml(), "<moved><Sig ExternalId=\"s\"/></moved><ref> </ref>");
+}
+
+TEST(DocumentFields, NullIdsAreNotWritten) {
+  const IXMLDOMDocument document = parse("<a/>");
+  const IXMLDOMNode a = at(document, "a");
+  EXPECT_FALSE(zelXmlSetExternalId(a, ApiPmId()));
+  EXPECT_TRUE(zelXmlSetGlobalId(a, ApiGlobalUniqueId()));
+  EXPECT_EQ(root(document), "<a/>");
+  const ApiGlobalUniqueId unique("0e3fd7c8-0c5c-4bd6-8a4f-7d0f3e6b1a22");
+  EXPECT_TRUE(zelXmlSetExternalId(a, ApiPmId("x")) && zelXmlSetGlobalId(a, unique));
+  ApiGlobalUniqueId read;
+  EXPECT_TRUE(zelXmlGetGlobalId(a, read));
+  EXPECT_EQ(read, unique);
+}
+
+TEST(DocumentFields, FixedWritersReplace) {
+  const IXMLDOMDocument document = parse("<a><NodeInfo><Id>1</Id></NodeInfo></a>");
+  const IXMLDOMNode a = at(document, "a");
+  for (const char* text : {"one", "two"}) {
+    EXPECT_TRUE(zelXmlSetFamily(document, a, text));
+    EXPECT_TRUE(zelXmlSetCloneStableId(document, a, text));
+    EXPECT_TRUE(zelXmlSetParentPrototype(document, a, text));
+  }
+  EXPECT_EQ(root(document),
+            "<a><NodeInfo><Id>1</Id><family>two</family></NodeInfo><cloneStableId>two</cloneStableId>"
+            "<parentPrototype>two</parentPrototype></a>");
+}

@@ -1,0 +1,68 @@
+#include "document/DocumentTest.h"
+
+using namespace document_test;
+
+namespace {
+
+class DocumentListEdits : public DocumentTest {
+ protected:
+  void SetUp() override {
+    DocumentTest::SetUp();
+    open(
+        "<P ExternalId=\"p\"><children><item>a</item></children><parents/><parent>q</parent></P>"
+        "<PmStudyLayout ExternalId=\"bare\"/>");
+  }
+};
+
+}  // namespace
+
+TEST_F(DocumentListEdits, AnIdStandsOnceInAList) {
+  const IXMLDOMNode p = element("p"), bare = element("bare");
+  for (const char* id : {"a", "b", "b"}) {
+    EXPECT_TRUE(zelXmlAddChildItem(p, ApiPmId(id)) && zelXmlAddParentItem(p, ApiPmId(id)));
+    EXPECT_TRUE(zelXmlContainsChild(p, ApiPmId(id)));
+    EXPECT_FALSE(zelXmlAddChildItem(bare, ApiPmId(id)) || zelXmlAddParentItem(bare, ApiPmId(id)));
+  }
+  EXPECT_EQ(p.xml(),
+            "<P ExternalId=\"p\"><children><item>a</item><item>b</item></children><parents><item>a</item>"
+            "<item>b</item></parents><parent>q</parent></P>");
+}
+
+TEST_F(DocumentListEdits, RemovingWhatIsNotThereIsTrueForChildrenAndFalseForParents) {
+  const IXMLDOMNode p = element("p");
+  EXPECT_TRUE(zelXmlRemoveChildItem(p, ApiPmId("x")));
+  EXPECT_FALSE(zelXmlRemoveParentEntry(p, ApiPmId("x")));
+  EXPECT_FALSE(zelXmlRemoveParentItem(p, out, ApiPmId("x")));
+  EXPECT_EQ(out.documentElement(), IXMLDOMNode());
+  EXPECT_TRUE(zelXmlAddParentItem(p, ApiPmId("x")));
+  EXPECT_TRUE(zelXmlRemoveParentItem(p, out, ApiPmId("x")));
+  EXPECT_EQ(root(out), updates(p.xml()));
+  EXPECT_TRUE(zelXmlRemoveChildAndPublish(out, p, ApiPmId("a")));
+  EXPECT_EQ(p.xml(), "<P ExternalId=\"p\"><children/><parents/><parent>q</parent></P>");
+  EXPECT_EQ(root(out), updates(p.xml()));
+}
+
+TEST_F(DocumentListEdits, TextsAreWrittenIntoExistingFieldsOnly) {
+  const IXMLDOMNode p = element("p"), bare = element("bare");
+  EXPECT_TRUE(zelXmlSetParentTextFromElement(p, bare));
+  EXPECT_EQ(at(p, "parent").text(), "bare");
+  EXPECT_TRUE(zelXmlSetParentText(p, "x"));
+  EXPECT_EQ(at(p, "parent").text(), "x");
+  EXPECT_TRUE(zelXmlClearField(p, "parent"));
+  EXPECT_EQ(at(p, "parent").text(), "");
+  EXPECT_FALSE(zelXmlSetParentText(bare, "x") || zelXmlSetLinkText(p, "x") || zelXmlClearField(p, "x"));
+  EXPECT_EQ(bare.xml(), "<PmStudyLayout ExternalId=\"bare\"/>");
+}
+
+TEST_F(DocumentListEdits, FamiliesAreFilledInByClass) {
+  open("<PmLayout/><PmStudyLayout><NodeInfo><family>old</family></NodeInfo></PmStudyLayout><Strange/>");
+  const std::string info = "<NodeInfo><family>";
+  const std::string layout = "<PmLayout>" + info + "PmLayout</family></NodeInfo></PmLayout>";
+  EXPECT_TRUE(zelXmlFillFamily(study, "PmLayout"));
+  EXPECT_EQ(objects(),
+            layout + "<PmStudyLayout>" + info + "old</family></NodeInfo></PmStudyLayout><Strange/>");
+  EXPECT_TRUE(zelXmlFillFamily(study, ""));
+  EXPECT_EQ(objects(), layout + "<PmStudyLayout>" + info +
+                           "PmStudyLayout</family></NodeInfo></PmStudyLayout><Strange/>");
+  EXPECT_FALSE(zelXmlFillFamily(none, ""));
+}

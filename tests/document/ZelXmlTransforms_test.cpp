@@ -1,0 +1,177 @@
+#include <random>
+
+#include "document/DocumentTest.h"
+
+using namespace document_test;
+
+namespace {
+
+std::string layout(const std::string& id, const std::string& x, const std::string& absoluteX,
+                   const std::string& children = {}) {
+  const std::string absolute = "<NodeInfo><absoluteLocation><x>" + absoluteX +
+                               "</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo>";
+  return "<PmLayout ExternalId=\"" + id + "\"><location><item>" + x +
+         "</item><item/><item/></location><rotation><item/><item/><item/></rotation><children>" + children +
+         "</children>" + (absoluteX.empty() ? "" : absolute) + "</PmLayout>";
+}
+
+std::string name(const char* prefix, int number) {
+  return std::string(prefix).append(std::to_string(number));
+}
+
+std::string item(const std::string& id) { return "<item>" + id + "</item>"; }
+
+class DocumentTransforms : public DocumentTest {
+ protected:
+  std::string absoluteX(std::string_view id) const {
+    return at(element(id), "NodeInfo/absoluteLocation/x").text();
+  }
+};
+
+RTTran3D along(double x) { return RTTran3D({x, 0, 0}, {}); }
+
+}  // namespace
+
+TEST_F(DocumentTransforms, VectorsAreReadFromUpToThreeItems) {
+  const struct {
+    const char* list;
+    RTVec3D vector;
+  } cases[] = {{"", {7, 8, 9}},
+               {"<item>1</item><item/>", {1, 0, 9}},
+               {"<item>1</item><item>2</item><item>3</item><item>4</item>", {1, 2, 3}}};
+  for (const auto& c : cases) {
+    const IXMLDOMDocument document = parse(std::string("<a><f><location>") + c.list + "</location></f></a>");
+    RTVec3D direct{7, 8, 9}, byPath{7, 8, 9};
+    EXPECT_TRUE(zelXmlGetVec3(at(document, "a/f"), "location/item", direct));
+    EXPECT_TRUE(zelXmlGetVec3(at(document, "a"), "f/location/item", byPath));
+    EXPECT_EQ(direct, c.vector) << c.list;
+    EXPECT_EQ(byPath, c.vector) << c.list;
+  }
+}
+
+TEST_F(DocumentTransforms, VectorsAreWrittenIntoExistingItemsOnly) {
+  const IXMLDOMDocument document = parse("<a><l><item/><item>x</item></l></a>");
+  EXPECT_TRUE(zelXmlSetVec3(IXMLDOMNode(), "l/item", {1, 2, 3}));
+  EXPECT_FALSE(zelXmlSetVec3(at(document, "a"), "none/item", {1, 2, 3}));
+  EXPECT_FALSE(zelXmlSetVec3(at(document, "a"), "l/item", {1, 2, 3}));
+  EXPECT_EQ(root(document), "<a><l><item>1.000000</item><item>2.000000</item></l></a>");
+}
+
+TEST_F(DocumentTransforms, FieldsHoldSixNumbersWithoutNegativeZero) {
+  const IXMLDOMDocument document = parse("<a/>");
+  const IXMLDOMNode a = at(document, "a");
+  EXPECT_TRUE(zelXmlAddTransform(a, "t", RTTran3D({-1e-9, 1.5, -0.0}, {0, 0, -0.25})));
+  EXPECT_TRUE(zelXmlAddTranslation(a, "v", {1, 2, -3}));
+  EXPECT_EQ(
+      root(document),
+      "<a><t><location><item>0.000000</item><item>1.500000</item><item>0.000000</item></location>"
+      "<rotation><item>0.000000</item><item>0.000000</item><item>-0.250000</item></rotation></t>"
+      "<v><location><item>1.000000</item><item>2.000000</item><item>-3.000000</item></location></v></a>");
+  RTTran3D read;
+  RTVec3D vector;
+  EXPECT_TRUE(zelXmlGetTransform(a, "t", read));
+  EXPECT_TRUE(read.isNear(RTTran3D({0, 1.5, 0}, {0, 0, -0.25}), 1e-9, 1e-9));
+  EXPECT_TRUE(zelXmlGetTranslation(a, "v", vector));
+  EXPECT_EQ(vector, (RTVec3D{1, 2, -3}));
+}
+
+TEST_F(DocumentTransforms, AbsoluteLocationNeedsAllSixAndMakesNone) {
+  const IXMLDOMDocument document =
+      parse("<a><NodeInfo><absoluteLocation><x/><y/><rx/></absoluteLocation></NodeInfo></a>");
+  const IXMLDOMNode a = at(document, "a");
+  RTTran3D read = along(5);
+  EXPECT_FALSE(zelXmlGetAbsoluteLocation(a, read));
+  EXPECT_EQ(read, along(5));
+  EXPECT_FALSE(zelXmlSetAbsoluteLocation(a, RTTran3D({1, 2, 3}, {})));
+  EXPECT_EQ(
+      root(document),
+      "<a><NodeInfo><absoluteLocation><x>1.000000</x><y>2.000000</y><rx/></absoluteLocation></NodeInfo></a>");
+}
+
+TEST_F(DocumentTransforms, AMoveWithinRoundingChangesNothing) {
+  open(layout("a", "1", "1"));
+  const std::string before = objects();
+  EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), RTTran3D({1e-10, 0, 0}, {0, 0, -1e-10})));
+  EXPECT_EQ(objects(), before);
+  EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), RTTran3D({0, 0, 0}, {0, 0, 1e-6})));
+  EXPECT_EQ(at(element("a"), "rotation").text(), "0.0000000.0000000.000001");
+}
+
+TEST_F(DocumentTransforms, AMoveTakesAllBelowAlongAndPassesMissingChildren) {
+  open(layout("a", "1", "11", item("gone") + item("b") + item("c")) + layout("b", "2", "13", item("d")) +
+       layout("c", "3", "14") + layout("d", "4", "17") + layout("e", "5", "5"));
+  EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), along(100)));
+  EXPECT_EQ(at(element("a"), "location/item").text(), "101.000000");
+  EXPECT_EQ(absoluteX("a") + " " + absoluteX("b") + " " + absoluteX("c") + " " + absoluteX("d") + " " +
+                absoluteX("e"),
+            "111.000000 113.000000 114.000000 117.000000 5");
+}
+
+TEST_F(DocumentTransforms, AMoveWithoutAbsoluteLocationHasWrittenTheRelativeOne) {
+  open(layout("a", "1", ""));
+  EXPECT_FALSE(zelXmlMoveLayout(study, element("a"), along(1)));
+  EXPECT_EQ(at(element("a"), "location/item").text(), "2.000000");
+}
+
+TEST_F(DocumentTransforms, PropagationEndsAtTheFirstLayoutThatCannotBeWritten) {
+  open(layout("a", "0", "0", item("b") + item("c") + item("d")) + layout("b", "1", "1") +
+       layout("c", "2", "") + layout("d", "3", "3"));
+  EXPECT_FALSE(zelXmlPropagateAbsoluteLocation(study, element("a"), along(10)));
+  EXPECT_EQ(absoluteX("a") + " " + absoluteX("b") + " " + absoluteX("d"), "10.000000 11.000000 3");
+}
+
+TEST_F(DocumentTransforms, PropagationEndsOnCyclesAndTheLastRoadPlacesASharedLayout) {
+  open(layout("a", "1", "1", item("b") + item("c")) + layout("b", "2", "3", item("s") + item("a")) +
+       layout("c", "5", "6", item("s") + item("c")) + layout("s", "1", "0", item("t") + item("b")) +
+       layout("t", "1", "0"));
+  EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("a"), along(10)));
+  EXPECT_EQ(absoluteX("a") + " " + absoluteX("c") + " " + absoluteX("s") + " " + absoluteX("t"),
+            "10.000000 15.000000 16.000000 17.000000");
+}
+
+TEST_F(DocumentTransforms, PropagationIsNotBoundByTheStackOrByTheNumberOfRoads) {
+  // A chain of 30,000, and 60 rows of two in which each lists both of the next row: 2^60 roads.
+  std::string text;
+  for (int i = 0; i < 30000; ++i) text += layout(name("l", i), "1", "0", item(name("l", i + 1)));
+  for (int i = 0; i < 60; ++i)
+    for (const char* side : {"a", "b"})
+      text += layout(name(side, i), "1", "0", item(name("a", i + 1)) + item(name("b", i + 1)));
+  open(text);
+  EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("l0"), along(0)));
+  EXPECT_EQ(absoluteX("l29999"), "29999.000000");
+  EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("a0"), along(0)));
+  EXPECT_EQ(absoluteX("b59"), "59.000000");
+}
+
+TEST_F(DocumentTransforms, AfterRandomMovesEachPlacementFollowsFromItsParents) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  constexpr int count = 60;
+  std::vector<std::string> children(count);
+  std::vector<int> parents(count, -1);
+  for (int i = 1; i < count; ++i) {
+    parents[static_cast<std::size_t>(i)] = static_cast<int>(random() % static_cast<unsigned>(i));
+    children[static_cast<std::size_t>(parents[static_cast<std::size_t>(i)])] += item(std::to_string(i));
+  }
+  std::string text;
+  for (int i = 0; i < count; ++i)
+    text += layout(std::to_string(i), "1", "1", children[static_cast<std::size_t>(i)]);
+  open(text);
+  EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("0"), along(1)));
+  std::uniform_real_distribution<double> length(-1000, 1000), angle(-1.5, 1.5);
+  for (int move = 0; move < 30; ++move) {
+    const RTTran3D delta({length(random), length(random), length(random)},
+                         {angle(random), angle(random), angle(random)});
+    EXPECT_TRUE(zelXmlMoveLayout(study, element(std::to_string(random() % count)), delta));
+  }
+  for (int i = 1; i < count; ++i) {
+    RTTran3D relative, expected;
+    const IXMLDOMNode child = element(std::to_string(i));
+    const IXMLDOMNode parent = element(std::to_string(parents[static_cast<std::size_t>(i)]));
+    EXPECT_TRUE(zelXmlGetLayoutTransform(child, expected));
+    EXPECT_TRUE(zelXmlGetRelativeTransform(child, parent, relative));
+    // Six decimals of an angle are half a length unit in a million.
+    EXPECT_TRUE(relative.isNear(expected, 0.5, 1e-4)) << i;
+  }
+}
