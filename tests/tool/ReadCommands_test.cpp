@@ -242,6 +242,7 @@ TEST(Tool, FailuresAreToldApart) {
       {{"edit", file, folder.path("")}, 2, folder.path("") + ": cannot read the script: Is a directory"},
       {{"edit", file, script, "-o", none, "--in-place"}, 2, "-o excludes --in-place"},
       {{"edit", file, script, "-o", ""}, 2, "-o: a file name is empty"},
+      {{"edit", file, script, "-o", script}, 2, "-o " + script + " would overwrite " + script},
       {{"edit", file, script, "--out", file}, 2, "--out " + file + " would overwrite " + file},
       {{"edit", file, script, "-o", none, "--out", none}, 2, "--out " + none + " would overwrite " + none},
   };

@@ -55,15 +55,17 @@ bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& op
   return errors.empty();
 }
 
+// An output must not replace what the command reads or writes besides; -o may name the study itself.
 bool outputsAreApart(const EditArguments& arguments) {
-  const std::string& changes = arguments.changesFile;
-  if (changes.empty()) return true;
-  for (const std::string& other : {arguments.file, arguments.newFile, arguments.script})
-    if (!other.empty() && isSameFile(changes, other)) {
-      say("--out " + changes + " would overwrite " + other);
-      return false;
-    }
-  return true;
+  const auto apart = [](const char* option, const std::string& output, const std::string& other) {
+    if (output.empty() || other.empty() || !isSameFile(output, other)) return true;
+    say(std::string(option) + " " + output + " would overwrite " + other);
+    return false;
+  };
+  return apart("--out", arguments.changesFile, arguments.file) &&
+         apart("--out", arguments.changesFile, arguments.newFile) &&
+         apart("--out", arguments.changesFile, arguments.script) &&
+         apart("-o", arguments.newFile, arguments.script);
 }
 
 int run(const Tool& tool, const EditArguments& arguments) {
@@ -132,9 +134,8 @@ void addEditCommand(CLI::App& app, Tool& tool) {
   command->add_option("SCRIPT", arguments->script, "The script")->required()->type_name("");
   const CLI::Validator named([](std::string& name) { return name.empty() ? "a file name is empty" : ""; },
                              "");
-  CLI::Option* output = command->add_option("-o", arguments->newFile, "Save the study here")
-                            ->type_name("NEW")
-                            ->check(named);
+  CLI::Option* output =
+      command->add_option("-o", arguments->newFile, "Save the study here")->type_name("NEW")->check(named);
   command->add_flag("--in-place", arguments->inPlace, "Save the study where it came from")->excludes(output);
   command->add_option("--out", arguments->changesFile, "Save the changes here, as commands")
       ->type_name("OUT")
