@@ -1,13 +1,13 @@
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 
 #include "zelstudy/EditRun.h"
 #include "zelstudy/Progress.h"
 #include "zelstudy/SaveFiles.h"
-#include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
 
 namespace zelstudy {
@@ -27,19 +27,24 @@ struct EditArguments {
   const std::string& studyFile() const { return inPlace ? file : newFile; }
 };
 
-bool readText(const EditArguments& arguments, std::string& text) {
+bool readText(const EditArguments& arguments, std::string& text, std::string& error) {
   std::ifstream file;
-  if (arguments.script != "-") file.open(arguments.script, std::ios::binary);
   std::istream& in = arguments.script == "-" ? std::cin : file;
-  if (in) text.assign(std::istreambuf_iterator<char>(in), {});
-  return in && !in.bad();
+  errno = 0;
+  if (arguments.script != "-") file.open(arguments.script, std::ios::binary);
+  char piece[65536];
+  while (in.read(piece, sizeof piece) || in.gcount())
+    text.append(piece, static_cast<std::size_t>(in.gcount()));
+  if (in.eof() && !in.bad()) return true;
+  error = errno ? std::strerror(errno) : "unknown error";
+  return false;
 }
 
 // Says all that is wrong with a script; false when anything is.
 bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& operations) {
-  std::string text;
-  if (!readText(arguments, text)) {
-    say(arguments.scriptName() + ": cannot read the script");
+  std::string text, reason;
+  if (!readText(arguments, text, reason)) {
+    say(arguments.scriptName() + ": cannot read the script: " + reason);
     return false;
   }
   std::vector<ScriptError> errors;
@@ -50,15 +55,17 @@ bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& op
   return errors.empty();
 }
 
+// An output must not replace what the command reads or writes besides; -o may name the study itself.
 bool outputsAreApart(const EditArguments& arguments) {
-  const std::string& changes = arguments.changesFile;
-  if (changes.empty()) return true;
-  for (const std::string& other : {arguments.file, arguments.newFile, arguments.script})
-    if (!other.empty() && isSameFile(changes, other)) {
-      say("--out " + changes + " would overwrite " + other);
-      return false;
-    }
-  return true;
+  const auto apart = [](const char* option, const std::string& output, const std::string& other) {
+    if (output.empty() || other.empty() || !isSameFile(output, other)) return true;
+    say(std::string(option) + " " + output + " would overwrite " + other);
+    return false;
+  };
+  return apart("--out", arguments.changesFile, arguments.file) &&
+         apart("--out", arguments.changesFile, arguments.newFile) &&
+         apart("--out", arguments.changesFile, arguments.script) &&
+         apart("-o", arguments.newFile, arguments.script);
 }
 
 int run(const Tool& tool, const EditArguments& arguments) {
@@ -79,7 +86,7 @@ int run(const Tool& tool, const EditArguments& arguments) {
   const EditOutcome outcome = runEdits(study, operations, arguments.keepGoing, std::cout);
   if (outcome.refused) {
     std::string message = arguments.scriptName() + ":" + std::to_string(outcome.refusedLine) +
-                          ": refused: " + printable(outcome.refusedReason);
+                          ": refused: " + outcome.refusedReason;
     if (outcome.refused > 1) message += " (and " + std::to_string(outcome.refused - 1) + " more)";
     say(message);
     if (!arguments.keepGoing) {
@@ -114,7 +121,7 @@ std::string help() {
          "\nLengths are in the unit of the study, angles in radians. Each operation prints one line of "
          "JSON.\n"
          "A refused operation stops the script and nothing is saved, unless --keep-going says otherwise.\n\n"
-         "Example: echo 'rename GRIPPER_1 \"Gripper, left\"' | zelstudy edit cell.xml - -o new.xml";
+         "Example: echo 'rename E-gripper \"Gripper, left\"' | zelstudy edit cell.xml - -o new.xml";
 }
 
 }  // namespace
@@ -125,11 +132,14 @@ void addEditCommand(CLI::App& app, Tool& tool) {
   const auto arguments = std::make_shared<EditArguments>();
   command->add_option("FILE", arguments->file, "The study")->required()->type_name("");
   command->add_option("SCRIPT", arguments->script, "The script")->required()->type_name("");
+  const CLI::Validator named([](std::string& name) { return name.empty() ? "a file name is empty" : ""; },
+                             "");
   CLI::Option* output =
-      command->add_option("-o,--output", arguments->newFile, "Save the study here")->type_name("NEW");
+      command->add_option("-o", arguments->newFile, "Save the study here")->type_name("NEW")->check(named);
   command->add_flag("--in-place", arguments->inPlace, "Save the study where it came from")->excludes(output);
   command->add_option("--out", arguments->changesFile, "Save the changes here, as commands")
-      ->type_name("OUT");
+      ->type_name("OUT")
+      ->check(named);
   command->add_flag("--keep-going", arguments->keepGoing, "Go on, and save, after a refused operation");
   addCommonOptions(*command, tool);
   command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });

@@ -92,8 +92,17 @@ EditResult move(StudySession& study, const Arguments& arguments) {
   });
 }
 
+// The library makes whatever it is asked to make. A second object of one id could never be told from the
+// first, and no reference reaches one whose id is empty or "NULL".
+std::string whyNoNewId(const StudySession& study, const ApiPmId& id) {
+  if (id.isNull() || id.text() == "NULL") return "\"" + id.asString() + "\" cannot be an id";
+  if (study.isInUse(id)) return "the id is in use: " + study.describe(id);
+  return isXmlText(id.text()) ? "" : "the id holds a character that XML cannot hold";
+}
+
 EditResult create(StudySession& study, const Arguments& arguments) {
   const ApiPmId id = arguments.id(1), parentId = arguments.id(2);
+  if (std::string reason = whyNoNewId(study, id); !reason.empty()) return refused(std::move(reason));
   return withInterface<ZelCollection>(study, parentId, "children", [&](ZelCollection& parent) {
     const ZelNode* child = parent.createChild(arguments.nodeType(0), arguments.text(3), id);
     if (!child)

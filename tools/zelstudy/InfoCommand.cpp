@@ -13,6 +13,9 @@ namespace zelstudy {
 
 namespace {
 
+// Text lists no more roots than a person looks through.
+constexpr std::size_t maxListedRoots = 50;
+
 struct StudyInfo {
   std::size_t objects = 0;
   int nodes = 0;
@@ -69,7 +72,9 @@ void printText(const StudySession& study, const StudyInfo& info) {
 
   std::cout << "\nroots\n";
   Table roots;
+  std::size_t listed = 0;
   for (const ApiPmId& id : info.roots) {
+    if (listed++ == maxListedRoots) break;
     RWClassicWString name, type;
     if (const ZelNode* node = study.find(id)) {
       node->getName(name);
@@ -78,6 +83,8 @@ void printText(const StudySession& study, const StudyInfo& info) {
     roots.row({printable(name), printable(type), printable(id.text())});
   }
   roots.print(std::cout, "  ");
+  if (info.roots.entries() > maxListedRoots)
+    std::cout << "  and " << info.roots.entries() - maxListedRoots << " more; --json lists them all\n";
 
   std::cout << "\nnodes by type\n";
   Table types({true, true});

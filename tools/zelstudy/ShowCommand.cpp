@@ -62,7 +62,9 @@ void printText(const Json& json) {
     if (key == "type") {
       lines = {value.dump() + " " + std::string(nodeTypeName(value.get<int>()))};
     } else if (key == "interfaces") {
-      for (const Json& number : value) lines.push_back(interfaceText(number));
+      std::string text;
+      for (const Json& number : value) text += (text.empty() ? "" : ", ") + interfaceText(number);
+      lines = {text};
     } else if (value.is_array()) {
       for (const Json& id : value) lines.push_back(printable(id.get<std::string>()));
       if (lines.empty()) lines = {"none"};
@@ -111,7 +113,7 @@ void addShowCommand(CLI::App& app, Tool& tool) {
   CLI::App* command = app.add_subcommand("show", "Tell everything about one object");
   command->footer(
       "Lengths are in the unit of the study, angles in radians.\n\n"
-      "Example: zelstudy show cell.xml GRIPPER_1");
+      "Example: zelstudy show cell.xml E-gripper");
   const auto arguments = std::make_shared<ShowArguments>();
   command->add_option("FILE", arguments->file, "The study")->required()->type_name("");
   command->add_option("ID", arguments->id, "Id of the object")->required()->type_name("");

@@ -74,6 +74,11 @@ std::string nameElement(const IXMLDOMElement& element, const ApiPmId& id) {
 
 }  // namespace
 
+bool StudySession::isInUse(const ApiPmId& id) const {
+  IXMLDOMElement element;
+  return find(id) || findElement(wrapper_->DOMDocument(), id, element);
+}
+
 std::string StudySession::describe(const ApiPmId& id) const {
   IXMLDOMElement element;
   return findElement(wrapper_->DOMDocument(), id, element) ? nameElement(element, id) : quoted(id);

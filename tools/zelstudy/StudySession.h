@@ -33,6 +33,8 @@ class StudySession {
   ZelXmlWrapper& wrapper() const { return *wrapper_; }
   const std::string& fileName() const { return fileName_; }
   ZelNode* find(const ApiPmId& id) const { return wrapper_->getZelNodeFromId(id); }
+  // Whether an object or a node has this id.
+  bool isInUse(const ApiPmId& id) const;
   // Object elements: children of all Data/Objects.
   std::size_t objectCount() const;
   // Which element an id names, for messages: `class "id", line 12`, or `"id"` for one that names nothing.

@@ -5,17 +5,18 @@
 #include <iostream>
 #include <string>
 
+#include "zelstudy/TextOutput.h"
 #include "zelstudy/ToolLog.h"
 
 namespace zelstudy {
 
 void say(std::string_view message) {
   std::cout.flush();
-  std::cerr << "zelstudy: " << message << std::endl;
+  std::cerr << "zelstudy: " << printable(message) << std::endl;
 }
 
 void addCommonOptions(CLI::App& app, Tool& tool) {
-  app.add_flag("--json", tool.json, "One JSON value instead of text for people");
+  app.add_flag("--json", tool.json, "JSON instead of text for people");
   app.add_option_function<std::string>(
          "--log",
          [&tool](const std::string& level) {
@@ -41,7 +42,7 @@ int runTool(int argc, char** argv) {
   CLI::App app("Look into a study and edit it.", "zelstudy");
   Tool tool;
   app.set_version_flag("--version", "zelstudy " ZELSTUDY_VERSION);
-  app.require_subcommand(1);
+  app.require_subcommand(0, 1);  // none is told below, in words of our own
   app.get_formatter()->column_width(34);
   app.footer(
       "Data goes to standard output, messages to standard error. The exit code is 0 for success,\n"
@@ -50,11 +51,19 @@ int runTool(int argc, char** argv) {
       "Example: zelstudy tree cell.xml --depth 2");
   addCommonOptions(app, tool);
   for (const AddCommand add : commands) add(app, tool);
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    return "zelstudy: " + printable(error.what()) +
+           "\nzelstudy --help and zelstudy COMMAND --help tell more\n";
+  });
 
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? exitSuccess : exitFailure;
+  }
+  if (!tool.run) {
+    say("a command is missing; zelstudy --help lists them");
+    return exitFailure;
   }
   if (tool.logLevel) listenToLog(*tool.logLevel);
   int code = exitFailure;

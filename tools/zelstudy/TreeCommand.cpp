@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <optional>
 
 #include "zelstudy/NodeJson.h"
 #include "zelstudy/StudySession.h"
@@ -54,15 +55,15 @@ class TextTree : public TreeVisitor {
 struct TreeArguments {
   std::string file;
   std::size_t depth = 0;
-  std::string root;
+  std::optional<std::string> root;
 };
 
 int run(const Tool& tool, const TreeArguments& arguments) {
   StudySession study;
   if (!openStudy(study, arguments.file, tool.session)) return exitFailure;
   ZelNodeList roots;
-  if (!arguments.root.empty()) {
-    const ApiPmId id(arguments.root);
+  if (arguments.root) {
+    const ApiPmId id(*arguments.root);
     ZelNode* node = study.find(id);
     if (!node) {
       say(arguments.file + ": " + study.whyNoNode(id));
@@ -95,7 +96,7 @@ void addTreeCommand(CLI::App& app, Tool& tool) {
   command->footer(
       "A child that several parents share stands under the one that counts. A study shows its objects by\n"
       "shortcuts: they are roots of their own here.\n\n"
-      "Example: zelstudy tree cell.xml --depth 2 --root GRIPPER_1");
+      "Example: zelstudy tree cell.xml --depth 2 --root E-gripper");
   const auto arguments = std::make_shared<TreeArguments>();
   command->add_option("FILE", arguments->file, "The study")->required()->type_name("");
   command->add_option("--depth", arguments->depth, "Levels to print; 1 is the roots alone")
