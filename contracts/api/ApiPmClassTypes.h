@@ -15,10 +15,10 @@
 // Without a number of its own a class gets the first free one from 10000 up, in the order of the calls; a
 // host that keeps numbers in files names them. Classes stay until the process ends.
 struct ApiPmClassType {
-  std::string name;
-  std::string base;    // empty for a class without base
-  std::string family;  // empty: that of the base
-  int typeId = 0;      // 0 asks for the next free number
+  std::string name{};
+  std::string base{};    // empty for a class without base
+  std::string family{};  // empty: that of the base
+  int typeId = 0;        // 0 asks for the next free number
 };
 
 class ApiPmClassTypeDataMgr {

@@ -13,7 +13,8 @@ class ApiPmSessionManager {
   static ApiPmSessionManager& the();
   virtual ~ApiPmSessionManager();
 
-  // The study document with its index. Always there; its document is null while the session has none.
+  // The study document with its index. Always there; its document is null while the session has none. The
+  // reference is good until the session turns to another document.
   ApiPmXmlCachedDocument& cachedDocument();
   IXMLDOMDocument importedDocument();
   // Replaces the study document. The new one is registered with ApiPmXmlCacheDocumentMgr and all its object

@@ -10,13 +10,14 @@ class ApiVorToolsIdConverter {
  public:
   static ApiVorToolsIdConverter& the();
 
-  // Pairs the two; former pairs of either go.
+  // Pairs the two; former pairs of either go. The null id is never paired.
   void insertIdPair(const ApiPmInternalId& number, const ApiPmId& id);
   // False, and the result untouched, for one without a pair.
   bool apiPmIdToApiPmInternalId(const ApiPmId& id, ApiPmInternalId& number) const;
   bool apiPmInternalIdToApiPmId(const ApiPmInternalId& number, ApiPmId& id) const;
-  // One number per id, in order, replacing `numbers`. An id without a pair ends with false; with
-  // `makePending` it gets a negative number of its own instead, which stands for it until insertIdPair.
+  // One number per id, in order, replacing `numbers`. An id without a pair ends with false, and `numbers` is
+  // untouched; with `makePending` it gets a negative number of its own instead, from -1 downward, which
+  // stands for it both ways until insertIdPair, and the null id gets 0.
   bool apiPmIdsToApiPmInternalIds(const ApiPmIdList& ids,
                                   RWClassicTValOrderedVector<ApiPmInternalId>& numbers, bool makePending);
   bool isPending(const ApiPmId& id) const;

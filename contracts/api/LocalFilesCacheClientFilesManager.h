@@ -20,15 +20,15 @@ class LocalFilesCacheClientFilesManager {
   // directory cannot be made.
   bool activate(const std::string& directory);
 
-  // Marks a file for the next downloadFiles. False for an empty name and while the client is off; a file that
-  // is not there fails then.
+  // Marks a file for the next downloadFiles. False for a name that ends in no file name ("", "/", "a/..") and
+  // while the client is off; a file that is not there fails then.
   bool registerFileForDownload(const std::string& name);
   // Copies every registered file that the cache lacks or has in an older state. False if any could not be
   // copied; the others are there all the same. Registrations end with the call.
   bool downloadFiles();
   // The local copy of `name`. With `fetch` it is copied or brought up to date first; without, true only if it
   // is there and up to date. `local` is the place of the copy also when the answer is false; it is untouched
-  // for an empty name and while the client is off.
+  // for a name without file name and while the client is off.
   bool getDownloadedPath(const std::string& name, std::string& local, bool fetch);
   // The origin of a local copy, or of a file inside a copied directory, in the spelling in which it was asked
   // for. Of a file that was noted as its own origin, itself. False, and `origin` untouched, for any other.

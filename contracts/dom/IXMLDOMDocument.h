@@ -42,8 +42,10 @@ class IXMLDOMDocument : public IXMLDOMNode {
   bool loadXML(std::string_view text, DomError* error = nullptr) const;
 
   // Writes the document in UTF-8. To a file it is all or nothing: a temporary file beside the target is
-  // written, flushed to disk and renamed onto it; after a false result the former file is whole, no temporary
-  // file is left, and `error` names the cause.
+  // written, flushed to disk and renamed onto it, with the permissions of the former file; a link is
+  // followed. After a false result the former file is whole, no temporary file is left, and `error` names the
+  // cause. A document without an element is refused, since no one could read it, and so is a target that is
+  // no regular file or may not be written.
   bool save(const std::string& fileName, DomError* error = nullptr) const;
   bool save(std::ostream& stream, DomError* error = nullptr) const;
 
@@ -51,7 +53,8 @@ class IXMLDOMDocument : public IXMLDOMNode {
 
   // A detached node owned by this document: element, attribute, text, CDATA section, comment or processing
   // instruction. Null for another type and for a name that XML does not allow. The namespace is not looked
-  // at: names are carried as they are written, prefix included.
+  // at: names are carried as they are written, prefix included. A processing instruction "xml" is the XML
+  // declaration, of version 1.0 in UTF-8 as long as it gets no other value.
   IXMLDOMNode createNode(int type, std::string_view name, std::string_view nameSpace = {}) const;
   IXMLDOMElement createElement(std::string_view name) const;
   IXMLDOMNode createTextNode(std::string_view text) const;

@@ -56,8 +56,11 @@ class IXMLDOMNode {
 
   // Value of an attribute, text, CDATA section, comment or processing instruction; empty for the others.
   std::string nodeValue() const;
-  // False for elements and documents, for text that XML cannot hold or broken UTF-8, for "--" in a comment
-  // or "-" at its end, and for "?>" in a processing instruction.
+  // False for elements and documents, and for a value that would not be read again as it was written: text
+  // that XML cannot hold, broken UTF-8, "--" in a comment or "-" at its end, "?>" or white space at the start
+  // of a processing instruction, "]]>" in a CDATA section, a carriage return in one of these three. The XML
+  // declaration takes what a declaration may say, with UTF-8 if it names an encoding; the empty value gives
+  // version 1.0 and UTF-8.
   bool putNodeValue(std::string_view value) const;
 
   // Text of an element or document: the text and CDATA of all descendants, joined; of other nodes the value.
@@ -79,7 +82,8 @@ class IXMLDOMNode {
   // Moves `child` to the end of this node's children, from wherever it stands, another document included; it
   // keeps its identity and all handles to it. False for a null child, a child that is an attribute or a
   // document, an ancestor of this node or this node itself, a parent that takes no children, a second element
-  // or any text at document level, and a tree that would be more than maxDepth levels deep.
+  // or any text at document level, and a tree that would be more than maxDepth levels deep. The XML
+  // declaration, a processing instruction "xml", may stand in a document only, once, and is put first there.
   bool appendChild(const IXMLDOMNode& child) const;
   // False unless `child` is a child of this node. The child lives on, detached, while a handle holds it.
   bool removeChild(const IXMLDOMNode& child) const;
@@ -88,9 +92,11 @@ class IXMLDOMNode {
   IXMLDOMNode cloneNode(bool deep) const;
 
   // The XPath subset: child steps by name or "*", a leading "/" (from the document), "//" (descendants, at
-  // the start or between steps), and predicates in [] after a step: "@name", "path", "@name='literal'",
-  // "path='literal'", "path!='literal'", parenthesised terms joined by "and"; literals in either quote.
-  // A path compares true when any node it selects has that text. A text outside the subset answers false.
+  // the start or between steps), and predicates in [] after a step: "@name", "path", each alone or compared
+  // by = or != with a literal in either quote, and parenthesised terms joined by "and". Names are compared as
+  // they are written, prefix included. A path compares true when any node it selects has that text, or for !=
+  // another one; an attribute that is absent compares false. In a detached tree "/" stands above its topmost
+  // node. A text outside the subset answers false.
   //
   // First match in document order; false when there is none.
   bool selectSingleNode(std::string_view xpath, IXMLDOMNode& found) const;

@@ -24,8 +24,9 @@ class RTTran3D {
   RTVec3D getTranslation() const;
   void setTranslation(const RTVec3D& translation);
 
-  // Roll, pitch and yaw in radians; roll and yaw in (-pi, pi], pitch in [-pi/2, pi/2]. At pitch +-pi/2, where
-  // only their sum or difference counts, roll is 0 unless the angles are those that were set.
+  // Roll, pitch and yaw in radians: as they were set, and of a product or an inverse roll and yaw in
+  // (-pi, pi], pitch in [-pi/2, pi/2]. At pitch +-pi/2, where only their sum or difference counts, and nearer
+  // to it than six decimals tell, computed roll is 0.
   RTVec3D getRotationRPY() const;
   void setRotationRPY(const RTVec3D& rotation);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -50,7 +51,7 @@ class RWClassicTValHashDictionary {
   };
 
   explicit RWClassicTValHashDictionary(RWGrowth growth = RWGrowth::never(), std::size_t buckets = 64)
-      : growth_(growth), bucketCount_(buckets) {}
+      : growth_(growth), bucketCount_(buckets ? buckets : 1) {}
   RWClassicTValHashDictionary(const RWClassicTValHashDictionary& other)
       : growth_(other.growth_), bucketCount_(other.bucketCount_) {
     copyEntries(other);
@@ -134,7 +135,11 @@ class RWClassicTValHashDictionary {
   }
 
  private:
-  std::size_t slotOf(std::size_t hash) const noexcept { return (hash ^ (hash >> 32)) & (table_.size() - 1); }
+  // The upper bits of a product: hashes that differ in their upper bits only, or by a large power of two, are
+  // parted too.
+  std::size_t slotOf(std::size_t hash) const noexcept {
+    return static_cast<std::size_t>((std::uint64_t{hash} * 0x9e3779b97f4a7c15ULL) >> shift_);
+  }
   void linkAtTail(Entry* entry) noexcept {
     entry->previous = tail_;
     entry->next = nullptr;
@@ -149,6 +154,7 @@ class RWClassicTValHashDictionary {
     bucketCount_ = growth_.factor * count_;
   }
   void resizeTable() {
+    shift_ = table_.empty() ? 64 - 6 : shift_ - 1;
     table_.assign(table_.empty() ? 64 : table_.size() * 2, nullptr);
     for (Entry* entry = head_; entry; entry = entry->next) {
       Entry*& slot = table_[slotOf(entry->hash)];
@@ -167,5 +173,6 @@ class RWClassicTValHashDictionary {
   std::size_t count_ = 0;
   Entry* head_ = nullptr;
   Entry* tail_ = nullptr;
-  std::vector<Entry*> table_;  // size is zero or a power of two
+  std::vector<Entry*> table_;  // empty, or 2 to the power of 64 - shift_
+  unsigned shift_ = 0;
 };

@@ -227,14 +227,14 @@ void Reader::startElement(const xmlChar* name, const xmlChar** attributes) {
     }
     Node* const attribute = newNode(NODE_ATTRIBUTE, idOf(attributes[0]));
     linkAttribute(element, attribute);
-    setOwnText(attribute, value);
+    initText(attribute, value);
   }
   seenUpTo();
 }
 
 void Reader::endElement() {
   if (!pending_.empty() && current_->first() == nullptr) {
-    setOwnText(current_, pending_);
+    initText(current_, pending_);
     pending_.clear();
   } else {
     flushText();
@@ -255,7 +255,7 @@ void Reader::flushText() {
   if (current_ != document_ && (document_->preserveWhiteSpace || !isBlank(pending_))) {
     Node* const node = newNode(NODE_TEXT, nameText);
     linkLast(current_, node);
-    setOwnText(node, pending_);
+    initText(node, pending_);
   }
   pending_.clear();
 }
@@ -268,7 +268,7 @@ void Reader::leaf(int type, NameId name, std::string_view value) {
   }
   Node* const node = newNode(type, name);
   linkLast(current_, node);
-  setOwnText(node, value);
+  initText(node, value);
   seenUpTo();
 }
 
@@ -321,7 +321,9 @@ bool Reader::run() {
   if (parser_ == nullptr) {
     fail(0, 0, "there is not enough memory");
   } else {
-    xmlCtxtUseOptions(parser_, XML_PARSE_HUGE | XML_PARSE_NONET);
+    // Without NOENT an "&amp;" in an attribute would come as "&#38;". There are no entities but the five:
+    // they would need a document type declaration.
+    xmlCtxtUseOptions(parser_, XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
     xmlParseDocument(parser_);
     if (!failed_ && parser_->wellFormed == 0) refuse("the text is not well-formed");
     if (!failed_ && sourceIsSpent()) {

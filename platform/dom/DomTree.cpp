@@ -275,6 +275,17 @@ bool textEquals(const Node* node, std::string_view text) noexcept {
   return text.empty();
 }
 
+void initText(Node* node, std::string_view text) {
+  node->length = static_cast<std::uint32_t>(text.size());
+  if (text.size() <= Node::inlineText) {
+    if (!text.empty()) std::memcpy(node->slot, text.data(), text.size());
+    return;
+  }
+  void* const kept = poolAllocate(text.size());
+  std::memcpy(kept, text.data(), text.size());
+  std::memcpy(node->slot, &kept, sizeof kept);
+}
+
 void setOwnText(Node* node, std::string_view text) {
   // The new text may be a piece of the old one: that is freed last.
   const bool pooled = text.size() > Node::inlineText;
@@ -429,10 +440,10 @@ void putAttribute(Node* element, Node* attribute) {
 Node* cloneOf(const Node* node, DocumentNode* owner, bool deep) {
   const auto copy = [](const Node* from, bool content) {
     Node* const to = newNode(from->type, from->name);
-    if (from->length != 0 && content) setOwnText(to, from->ownText());
+    if (from->length != 0 && content) initText(to, from->ownText());
     for (const Node* a = firstAttribute(from); a != nullptr; a = a->next) {
       Node* const attribute = newNode(NODE_ATTRIBUTE, a->name);
-      setOwnText(attribute, a->ownText());
+      initText(attribute, a->ownText());
       linkAttribute(to, attribute);
     }
     return to;

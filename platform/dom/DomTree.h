@@ -50,6 +50,7 @@ std::string_view textOf(const Node* node, std::string& buffer);
 bool textEquals(const Node* node, std::string_view text) noexcept;
 
 // Unguarded setters for new nodes: no index, no stamp.
+void initText(Node* node, std::string_view text);  // of a node that has neither text nor children
 void setOwnText(Node* node, std::string_view text);
 void linkLast(Node* parent, Node* child) noexcept;
 void linkFirst(Node* parent, Node* child) noexcept;

@@ -41,6 +41,19 @@ std::string ownNameOf(std::string_view name) {
   return ApiSysFileName(name).fileName();
 }
 
+// A copy stands under the own name of its origin, so that has to be one.
+bool hasOwnName(std::string_view name) {
+  const std::string own = ownNameOf(name);
+  return !own.empty() && own != "." && own != ".." && own.find('\0') == std::string::npos;
+}
+
+// Whether the place of the copy lies in the origin itself.
+bool holds(const fs::path& origin, const fs::path& copy) {
+  std::error_code error;
+  const fs::path way = copy.lexically_relative(fs::absolute(origin, error).lexically_normal() / "");
+  return !error && !way.empty() && *way.begin() != "..";
+}
+
 std::string folderNameOf(std::string_view name) {
   std::uint64_t hash = 0xcbf29ce484222325ULL;
   for (const char c : name) {
@@ -69,11 +82,10 @@ bool copyFile(const fs::path& origin, const fs::path& copy) {
   fs::path part = copy;
   part += ".part";
   std::error_code error;
-  fs::copy_file(origin, part, fs::copy_options::overwrite_existing, error);
-  if (!error) {
-    const auto time = fs::last_write_time(origin, error);
-    if (!error) fs::last_write_time(part, time, error);
-  }
+  // The time is asked first: an origin that changes during the copy then counts as changed the next time.
+  const auto time = fs::last_write_time(origin, error);
+  if (!error) fs::copy_file(origin, part, fs::copy_options::overwrite_existing, error);
+  if (!error) fs::last_write_time(part, time, error);
   if (!error) fs::rename(part, copy, error);
   if (!error) return true;
   std::error_code ignored;
@@ -84,7 +96,7 @@ bool copyFile(const fs::path& origin, const fs::path& copy) {
 // Relative paths of all entries below a directory, sorted. False when it cannot be read to its end.
 bool listTree(const fs::path& directory, std::vector<fs::path>& entries) {
   std::error_code error;
-  fs::recursive_directory_iterator at(directory, error);
+  fs::recursive_directory_iterator at(directory, fs::directory_options::follow_directory_symlink, error);
   for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
     entries.push_back(at->path().lexically_relative(directory));
   }
@@ -171,7 +183,7 @@ bool LocalFilesCacheClientFilesManager::activate(const std::string& directory) {
 }
 
 bool LocalFilesCacheClientFilesManager::registerFileForDownload(const std::string& name) {
-  if (!isActive() || name.empty()) return false;
+  if (!isActive() || !hasOwnName(name)) return false;
   registered_.push_back(name);
   return true;
 }
@@ -189,7 +201,7 @@ bool LocalFilesCacheClientFilesManager::downloadFiles() {
 
 bool LocalFilesCacheClientFilesManager::getDownloadedPath(const std::string& name, std::string& local,
                                                           bool fetchIt) {
-  if (!isActive() || name.empty()) return false;
+  if (!isActive() || !hasOwnName(name)) return false;
   local = localNameOf(name);
   return isUpToDate(name, local) || (fetchIt && fetch(name, local));
 }
@@ -235,7 +247,7 @@ bool LocalFilesCacheClientFilesManager::fetch(const std::string& name, const std
   note += ".origin";
   std::error_code error;
   const bool isTree = fs::is_directory(origin, error);
-  if (!isTree && !fs::is_regular_file(origin, error)) return false;
+  if (isTree ? holds(origin, copy) : !fs::is_regular_file(origin, error)) return false;
   fs::create_directories(folder, error);
   if (error || !writeText(note, name)) return false;
   if (!isTree && fs::is_directory(copy, error)) fs::remove_all(copy, error);

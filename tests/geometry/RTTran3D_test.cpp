@@ -150,7 +150,8 @@ TEST(RTTran3D, AnglesComeBackFromTheMatrix) {
   const RTTran3D turn({0, 0, 0}, {0.3, -0.4, 0.5});
   for (int i = 0; i < 20000; ++i) {
     const RTVec3D t{offset(random), offset(random), offset(random)};
-    const RTVec3D rpy{angle(random), angle(random) / 2, angle(random)};
+    // The poles have a test of their own.
+    const RTVec3D rpy{angle(random), angle(random) * 0.499, angle(random)};
     const RTTran3D set(t, rpy);
     ASSERT_EQ(set.getRotationRPY(), rpy);
     ASSERT_EQ(set.getTranslation(), t);

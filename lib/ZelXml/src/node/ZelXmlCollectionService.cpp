@@ -1,0 +1,218 @@
+#include "node/ZelXmlCollectionService.h"
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+#include "document/ZelXmlFunctions.h"
+#include "wrapper/ZelXmlNodeFactory.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, const ApiPmId& given) {
+  const ApiPmId parent = given;
+  ApiPmId id;
+  IXMLDOMNode parentElement;
+  return zelXmlGetExternalId(child, id) && zelXmlFindNodeById(wrapper.DOMDocument(), parent, parentElement) &&
+         zelXmlRemoveChildAndPublish(wrapper.OUTDocument(), parentElement, id) &&
+         wrapper.relevantParentFinder().removeRelevantParent(id) &&
+         zelXmlRemoveParentItem(child, wrapper.OUTDocument(), parent);
+}
+
+bool zelXmlDetachFromRelevantParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child) {
+  ApiPmId id;
+  ApiPmId parent;
+  if (!zelXmlGetExternalId(child, id)) return false;
+  if (!wrapper.relevantParentFinder().findRelevantParent(id, parent)) return true;
+  IXMLDOMNode parentElement;
+  return zelXmlFindNodeById(wrapper.DOMDocument(), parent, parentElement) &&
+         zelXmlRemoveChildItem(parentElement, id) &&
+         wrapper.relevantParentFinder().removeRelevantParent(id) && zelXmlRemoveParentEntry(child, parent);
+}
+
+bool zelXmlDetachLayout(const IXMLDOMDocument& document, const IXMLDOMDocument& out,
+                        const IXMLDOMNode& layout) {
+  ApiPmId id;
+  IXMLDOMNode parent;
+  if (!zelXmlGetExternalId(layout, id)) return false;
+  if (!zelXmlGetReferencedNode(document, layout, "parent", parent)) return true;
+  return out ? zelXmlRemoveChildAndPublish(out, parent, id) : zelXmlRemoveChildItem(parent, id);
+}
+
+// Whether `id` is this collection or stands above it, by any of the parents that the objects on the way name.
+bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
+  ZelXmlWrapper& wrapper = *owner().getWrapper();
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  ApiPmId own;
+  if (!owner().getExternalId(own)) return false;
+  std::vector<ApiPmId> waiting{own};
+  std::unordered_set<ApiPmId> seen{own};
+  while (!waiting.empty()) {
+    const ApiPmId current = waiting.back();
+    waiting.pop_back();
+    if (current == id) return true;
+    ApiPmIdList parents;
+    IXMLDOMNode element;
+    ApiPmId relevant;
+    if (zelXmlFindNodeById(document, current, element)) zelXmlGetParentItemIds(element, parents);
+    if (wrapper.relevantParentFinder().findRelevantParent(current, relevant)) parents.append(relevant);
+    for (const ApiPmId& parent : parents) {
+      if (seen.insert(parent).second) waiting.push_back(parent);
+    }
+  }
+  return false;
+}
+
+bool ZelXmlCollectionService::removeChild(const ApiPmId& child) {
+  const ApiPmId id = child;
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = wrapper ? wrapper->zelXmlNodeFromId(id) : nullptr;
+  return node && zelXmlRemoveChildAndPublish(wrapper->OUTDocument(), getXmlNode(), id) && node->deleteNode();
+}
+
+bool ZelXmlCollectionService::removeChildLocally(const ApiPmId& child) {
+  const ApiPmId id = child;
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = wrapper ? wrapper->zelXmlNodeFromId(id) : nullptr;
+  if (!node) return false;
+  const IXMLDOMDocument document = wrapper->DOMDocument();
+  ApiPmXmlCachedDocument& cached = wrapper->cachedDOMDocument();
+  IXMLDOMNode layout;
+  if (!zelXmlGetReferencedNode(document, node->getXmlNode(), "layout", layout) ||
+      !zelXmlDetachLayout(document, {}, layout) || !zelXmlRemoveCachedElement(cached, layout) ||
+      !zelXmlRemoveChildItem(getXmlNode(), id) || !zelXmlRemoveCachedElement(cached, node->getXmlNode())) {
+    return false;
+  }
+  wrapper->removeAndDeleteNodeObject(id);
+  return true;
+}
+
+bool ZelXmlCollectionService::addExistingChild(ZelNode* child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId id;
+  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  const IXMLDOMNode element = node->getXmlNode();
+  return addChildElement(element) && addLayoutChild(element) && node->attachToParent(getXmlNode()) &&
+         wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
+}
+
+bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ApiPmId id;
+  ApiPmId parent;
+  if (!wrapper || !zelXmlGetExternalId(child, id)) return false;
+  if (wrapper->relevantParentFinder().findRelevantParent(id, parent)) {
+    if (!zelXmlDetachFromParent(*wrapper, child, parent)) return false;
+  } else if (ZelXmlNode* node = wrapper->zelXmlNodeFromId(id)) {
+    wrapper->roots().remove(node->pmNode());
+  }
+  return zelXmlAddChildItem(getXmlNode(), id) && zelXmlPublishUpdate(wrapper->OUTDocument(), getXmlNode());
+}
+
+bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  if (!wrapper) return false;
+  const IXMLDOMDocument document = wrapper->DOMDocument();
+  IXMLDOMNode own;
+  IXMLDOMNode layout;
+  ApiPmId layoutId;
+  return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
+         zelXmlGetReferencedNode(document, child, "layout", layout) &&
+         zelXmlGetExternalId(layout, layoutId) &&
+         zelXmlDetachLayout(document, wrapper->OUTDocument(), layout) && zelXmlAddChildItem(own, layoutId) &&
+         zelXmlPublishUpdate(wrapper->OUTDocument(), own);
+}
+
+bool ZelXmlCollectionService::addLayoutChildLocally(const IXMLDOMNode& child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  if (!wrapper) return false;
+  const IXMLDOMDocument document = wrapper->DOMDocument();
+  IXMLDOMNode own;
+  IXMLDOMNode layout;
+  ApiPmId layoutId;
+  return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
+         zelXmlGetReferencedNode(document, child, "layout", layout) &&
+         zelXmlGetExternalId(layout, layoutId) && zelXmlDetachLayout(document, {}, layout) &&
+         zelXmlAddChildItem(own, layoutId);
+}
+
+bool ZelXmlCollectionService::addChild(ZelNode* child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId id;
+  IXMLDOMNode own;
+  ApiPmId layoutId;
+  return wrapper && node && node->getExternalId(id) && zelXmlAddChildItem(getXmlNode(), id) &&
+         zelXmlGetReferencedNode(wrapper->DOMDocument(), getXmlNode(), "layout", own) &&
+         zelXmlGetLayoutId(node->getXmlNode(), layoutId) && zelXmlAddChildItem(own, layoutId) &&
+         wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
+}
+
+bool ZelXmlCollectionService::createChild(const ZelXmlCreationRecord& record, ZelNode*& child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  std::unique_ptr<ZelXmlNode> node(ZelXmlNodeFactory::the().create(record.type));
+  if (!wrapper || !node) return false;
+  node->setWrapper(wrapper);
+  IXMLDOMNode element;
+  if (!node->createXmlElement(record, element) || !element) return false;
+  node->setXmlNode(element);
+  node->setId(record.id);
+  child = node.release()->pmNode();
+  wrapper->insertNode(record.id, child);
+  return true;
+}
+
+bool ZelXmlCollectionService::getChildNodes(ZelNodeList& children) const {
+  const ZelXmlWrapper* wrapper = owner().getWrapper();
+  ApiPmId own;
+  ApiPmIdList ids;
+  if (!wrapper || !owner().getExternalId(own) || !getChildIds(ids)) return false;
+  for (const ApiPmId& id : ids) {
+    ApiPmId parent;
+    if (!wrapper->relevantParentFinder().findRelevantParent(id, parent) || !(parent == own)) continue;
+    if (ZelNode* node = const_cast<ZelXmlWrapper*>(wrapper)->getZelNodeFromId(id)) children.append(node);
+  }
+  return true;
+}
+
+bool ZelXmlCollectionService::getChildIds(ApiPmIdList& ids) const {
+  return zelXmlGetChildIds(getXmlNode(), ids);
+}
+
+ZelNode* ZelXmlCollectionService::createPlacedChild(ZelNodeType type, const RWClassicWString& className,
+                                                    const ApiPmId& id) {
+  ZelNode* child = nullptr;
+  if (!createChild({type, className, id}, child)) return nullptr;
+  addExistingChild(child);  // a child that cannot be placed exists all the same
+  return child;
+}
+
+bool ZelXmlCollectionService::moveChild(ZelNode* child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId id;
+  ApiPmId shortcut;
+  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  if (wrapper->shortcutFinder().findShortcut(id, shortcut)) {
+    if (!zelXmlRemoveStudyShortcut(wrapper->cachedDOMDocument(), wrapper->OUTDocument(),
+                                   ApiPmId(wrapper->studyId()), shortcut)) {
+      return false;
+    }
+    wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut);
+  }
+  return addExistingChild(child);
+}
+
+bool ZelXmlCollectionService::moveChildLocally(ZelNode* child) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId id;
+  ApiPmId shortcut;
+  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut);
+  const IXMLDOMNode element = node->getXmlNode();
+  wrapper->roots().remove(node->pmNode());
+  return zelXmlDetachFromRelevantParent(*wrapper, element) && zelXmlAddChildItem(getXmlNode(), id) &&
+         addLayoutChildLocally(element) && node->setAsChildOfElement(getXmlNode()) &&
+         wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
+}

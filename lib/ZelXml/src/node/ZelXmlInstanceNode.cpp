@@ -1,0 +1,53 @@
+#include "node/ZelXmlInstanceNode.h"
+
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNewElements.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+bool ZelXmlInstanceNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
+  return getWrapper() && zelXmlCreateInstanceElement(*getWrapper(), record, element);
+}
+
+bool ZelXmlInstanceNode::getDataElement(IXMLDOMNode& element) const {
+  return zelXmlGetPrototypeElement(document(), getXmlNode(), element);
+}
+
+bool ZelXmlInstanceNode::getDisplayElement(IXMLDOMNode& element) const {
+  if (!getWrapper() ||
+      !zelXmlGetPrototypeElement(getWrapper()->prototypesDOMDocument(), getXmlNode(), element)) {
+    element = getXmlNode();
+  }
+  return true;
+}
+
+bool ZelXmlInstanceNode::getPrototypeId(ApiPmId& id) const {
+  std::string text;
+  if ((!zelXmlGetString(getXmlNode(), "prototype", text) || !zelXmlIsReference(text)) &&
+      (!zelXmlGetString(getXmlNode(), "masterObj", text) || !zelXmlIsReference(text))) {
+    return false;
+  }
+  const ZelXmlNode* named = getWrapper() ? getWrapper()->zelXmlNodeFromId(ApiPmId(text)) : nullptr;
+  if (named && named->zelType() == ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE &&
+      (!zelXmlGetString(named->getXmlNode(), "prototype", text) || !zelXmlIsReference(text))) {
+    return false;
+  }
+  id = ApiPmId(text);
+  return true;
+}
+
+bool ZelXmlInstanceNode::setPrototypeId(const ApiPmDocument& prototype) {
+  IXMLDOMNode field;
+  std::string buffer;
+  return zelXmlSelectChild(getXmlNode(), "prototype", field) && field.textView(buffer).empty() &&
+         zelXmlSetText(field, prototype.id.text()) && zelXmlPublishField(outDocument(), field);
+}
+
+bool ZelXmlInstanceNode::getHumanLoadData(RWClassicWString& data) const {
+  return zelXmlGetWideString(getXmlNode(), "humanLoadData", data);
+}
+
+bool ZelXmlInstanceNode::setHumanLoadData(const RWClassicWString& data) {
+  IXMLDOMNode field;
+  return zelXmlEnsureChild(document(), getXmlNode(), "humanLoadData", field) &&
+         zelXmlSetWideText(field, data) && zelXmlPublishUpdate(outDocument(), getXmlNode());
+}

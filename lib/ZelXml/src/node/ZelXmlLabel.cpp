@@ -1,0 +1,53 @@
+#include "node/ZelXmlLabel.h"
+
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlLocationText.h"
+#include "node/ZelXmlNewElements.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+bool ZelXmlLabelNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
+  return getWrapper() && zelXmlCreateLabelElement(*getWrapper(), record, element);
+}
+
+bool ZelXmlLabelNode::getField(std::string_view field, RWClassicWString& text) const {
+  return zelXmlGetWideString(getXmlNode(), field, text);
+}
+
+bool ZelXmlLabelNode::setField(std::string_view field, std::string_view text) {
+  IXMLDOMNode node;
+  return zelXmlSelectChild(getXmlNode(), field, node) && zelXmlSetWideText(node, text);
+}
+
+bool ZelXmlLabelNode::removeLabelElement() {
+  ApiPmId own;
+  IXMLDOMNode section;
+  if (!getWrapper() || !getExternalId(own) || !zelXmlGetObjectsSection(document(), section) ||
+      !getWrapper()->convertor().findNode(own) || !zelXmlRemoveChild(section, getXmlNode())) {
+    return false;
+  }
+  getWrapper()->cachedDOMDocument().removeEntry(document(), own);
+  getWrapper()->removeAndDeleteNodeObject(own);
+  return true;
+}
+
+bool ZelXmlLabel::getLocation(RTTran3D& location) const {
+  RWClassicWString text;
+  if (!getField("noteLocation", text)) return false;
+  zelXmlParseLocationText(text, location);
+  return true;
+}
+
+bool ZelXmlLabel::setLocation(const RTTran3D& location) {
+  return setField("noteLocation", zelXmlLocationText(location));
+}
+
+bool ZelXmlLabel::getAbsoluteLocation(RTTran3D& location) const {
+  RTTran3D own;
+  ApiPmId assigned;
+  if (!getWrapper() || !getLocation(own) || !getAssignedObjId(assigned)) return false;
+  const auto* object = zelQuery<ZelPhysical>(getWrapper()->convertor().findNode(assigned));
+  RTTran3D absolute;
+  if (!object || !object->getAbsoluteLocation(absolute)) return false;
+  location = absolute * own.inverse();
+  return true;
+}

@@ -1,0 +1,71 @@
+#include "node/ZelXmlNewElements.h"
+
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlLocationText.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+namespace {
+
+// The object element with `name`, and the family that it will get.
+bool addObject(const IXMLDOMDocument& document, const ZelXmlCreationRecord& record, IXMLDOMNode& element,
+               RWClassicWString& family) {
+  RWClassicWString className;
+  return !record.id.isNull() && zelXmlClassNameFromType(record, className) &&
+         zelXmlFamilyFromType({record.type, className, record.id}, family) &&
+         zelXmlAddObjectElement(document, className, record.id.text(), element) &&
+         zelXmlAddChildWithText(document, element, "name", {});
+}
+
+bool addEmpty(const IXMLDOMNode& element, std::string_view name) {
+  IXMLDOMNode child;
+  return zelXmlAddChild(element, name, child);
+}
+
+bool addInstanceFields(ZelXmlWrapper& wrapper, const IXMLDOMNode& element, const RWClassicWString& family) {
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  return zelXmlCreateLayout(document, wrapper.OUTDocument(), element, RTTran3D::unit) &&
+         addEmpty(element, "prototype") && zelXmlSetFamily(document, element, family);
+}
+
+}  // namespace
+
+bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                 IXMLDOMNode& element) {
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  RWClassicWString family;
+  return addObject(document, record, element, family) && addEmpty(element, "parents") &&
+         addEmpty(element, "children") &&
+         zelXmlCreateLayout(document, wrapper.OUTDocument(), element, RTTran3D::unit) &&
+         zelXmlSetFamily(document, element, family) && zelXmlPublishClone(wrapper.OUTDocument(), element);
+}
+
+bool zelXmlCreateInstanceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                 IXMLDOMNode& element) {
+  RWClassicWString family;
+  return addObject(wrapper.DOMDocument(), record, element, family) && addEmpty(element, "parents") &&
+         addInstanceFields(wrapper, element, family) && zelXmlPublishClone(wrapper.OUTDocument(), element);
+}
+
+bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                              IXMLDOMNode& element) {
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  RWClassicWString family;
+  return addObject(document, record, element, family) && zelXmlSetFamily(document, element, family) &&
+         zelXmlPublishClone(wrapper.OUTDocument(), element);
+}
+
+bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                              IXMLDOMNode& element) {
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  RWClassicWString family;
+  return addObject(document, record, element, family) && addEmpty(element, "node") &&
+         addEmpty(element, "comment") && addEmpty(element, "displayInfo") &&
+         zelXmlAddChildWithText(document, element, "noteLocation", zelXmlLocationText(RTTran3D::unit)) &&
+         zelXmlSetFamily(document, element, family) && zelXmlPublishUpdate(wrapper.OUTDocument(), element);
+}
+
+bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                             const IXMLDOMNode& element) {
+  RWClassicWString family;
+  return element && zelXmlFamilyFromType(record, family) && addInstanceFields(wrapper, element, family);
+}

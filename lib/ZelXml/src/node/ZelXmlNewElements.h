@@ -1,0 +1,23 @@
+#pragma once
+
+#include "node/ZelXmlNode.h"
+
+// The recipes of new object elements. Class name and family are settled before anything is made: a class
+// without family, a null id and a class name that is no element name are refused with nothing left behind.
+// The element is the result; every recipe but that of instance fields ends with its publication.
+
+// name, parents, children, layout, NodeInfo/family.
+bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                 IXMLDOMNode& element);
+// name, parents, layout, prototype, NodeInfo/family.
+bool zelXmlCreateInstanceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                 IXMLDOMNode& element);
+// name, NodeInfo/family.
+bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                              IXMLDOMNode& element);
+// name, node, comment, displayInfo, noteLocation, NodeInfo/family.
+bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                              IXMLDOMNode& element);
+// layout, prototype, NodeInfo/family, on an element that the caller has; publishes the layout only.
+bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                             const IXMLDOMNode& element);

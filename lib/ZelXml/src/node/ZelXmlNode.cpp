@@ -1,0 +1,152 @@
+#include "node/ZelXmlNode.h"
+
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNodeAccess.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+// The tie to element and wrapper, plain fields, and the parent that counts.
+
+bool ZelXmlNode::createXmlElement(const ZelXmlCreationRecord&, IXMLDOMNode& element) {
+  element = {};
+  return true;
+}
+
+bool ZelXmlNode::getDataElement(IXMLDOMNode& element) const {
+  element = element_;
+  return true;
+}
+
+bool ZelXmlNode::getDisplayElement(IXMLDOMNode& element) const {
+  element = element_;
+  return true;
+}
+
+bool ZelXmlNode::addChild(ZelNode*) { return false; }
+
+bool ZelXmlNode::setXmlNode(const IXMLDOMNode& element) {
+  element_ = element;
+  return true;
+}
+
+IXMLDOMDocument ZelXmlNode::document() const {
+  return wrapper_ ? wrapper_->DOMDocument() : IXMLDOMDocument();
+}
+
+IXMLDOMDocument ZelXmlNode::outDocument() const {
+  return wrapper_ ? wrapper_->OUTDocument() : IXMLDOMDocument();
+}
+
+bool ZelXmlNode::referenced(std::string_view field, IXMLDOMNode& element) const {
+  return zelXmlGetReferencedNode(document(), element_, field, element);
+}
+
+bool ZelXmlNode::getExternalId(ApiPmId& id) const {
+  if (id_.isNull()) return zelXmlGetExternalId(element_, id);
+  id = id_;
+  return true;
+}
+
+bool ZelXmlNode::getName(RWClassicWString& name) const { return zelXmlGetName(element_, name); }
+
+bool ZelXmlNode::setNameLocally(const RWClassicWString& name) {
+  IXMLDOMNode field;
+  return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name);
+}
+
+bool ZelXmlNode::setName(const RWClassicWString& name) {
+  IXMLDOMNode field;
+  return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name) &&
+         zelXmlPublishField(outDocument(), field);
+}
+
+bool ZelXmlNode::getCaption(RWClassicWString& caption) const { return zelXmlGetCaption(element_, caption); }
+
+bool ZelXmlNode::getDescription(RWClassicWString& description) const {
+  return zelXmlGetComment(element_, description);
+}
+
+bool ZelXmlNode::setDescription(const RWClassicWString& description) {
+  IXMLDOMNode field;
+  if (zelXmlSelectChild(element_, "comment", field)) {
+    return zelXmlSetWideText(field, description) && zelXmlPublishField(outDocument(), field);
+  }
+  // A text that the document refuses must not leave an empty field behind.
+  if (!zelXmlAddChild(element_, "comment", field)) return false;
+  if (!zelXmlSetWideText(field, description)) {
+    zelXmlRemoveFromParent(field);
+    return false;
+  }
+  return zelXmlPublishField(outDocument(), field);
+}
+
+bool ZelXmlNode::getStringType(RWClassicWString& type) const { return zelXmlGetNodeName(element_, type); }
+
+bool ZelXmlNode::getDisplayStringType(RWClassicWString& type) const {
+  IXMLDOMNode element;
+  return getDisplayElement(element) && zelXmlGetNodeName(element, type);
+}
+
+bool ZelXmlNode::getSolvaneName(RWClassicWString& name) const {
+  return zelXmlGetWideString(element_, "SolvaneName", name);
+}
+
+bool ZelXmlNode::getInternalId(ApiPmInternalId& id) const {
+  IXMLDOMNode field;
+  long number = 0;
+  if (!zelXmlSelectChild(element_, "NodeInfo/Id", field) || !zelXmlGetLongText(field, number)) return false;
+  id = ApiPmInternalId(static_cast<std::int32_t>(number));
+  return true;
+}
+
+bool ZelXmlNode::getLabels(ApiPmIdList& ids) const { return zelXmlGetLabelIds(element_, ids); }
+
+bool ZelXmlNode::getThreeDRep(IXMLDOMNode& rep) const { return referenced("threeDRep", rep); }
+
+bool ZelXmlNode::getOrCreateThreeDRep(IXMLDOMNode& rep) {
+  if (getThreeDRep(rep)) return true;
+  std::string id;
+  if (!zelXmlCreateThreeDRep(document(), rep) || !zelXmlGetExternalIdText(rep, id)) return false;
+  IXMLDOMNode field;
+  return zelXmlSelectChild(element_, "threeDRep", field)
+             ? zelXmlSetText(field, id)
+             : zelXmlAddChildWithText(document(), element_, "threeDRep", id);
+}
+
+bool ZelXmlNode::getParentId(ApiPmId& id) const {
+  ApiPmId own;
+  return wrapper_ && getExternalId(own) && wrapper_->relevantParentFinder().findRelevantParent(own, id);
+}
+
+ZelNode* ZelXmlNode::getParent() const {
+  ApiPmId parent;
+  return getParentId(parent) ? wrapper_->getZelNodeFromId(parent) : nullptr;
+}
+
+bool ZelXmlNode::replaceElement(const IXMLDOMNode& replacement) {
+  IXMLDOMNode clone;
+  if (!wrapper_ || !zelXmlReplaceObject(wrapper_->cachedDOMDocument(), element_, replacement, clone)) {
+    return false;
+  }
+  element_ = clone;
+  return true;
+}
+
+bool ZelXmlNode::updateElement(const IXMLDOMNode& replacement) {
+  return replaceElement(replacement) && validateRelevantParent();
+}
+
+bool ZelXmlNode::validateRelevantParent() {
+  ApiPmId own;
+  ApiPmId parent;
+  ApiPmIdList parents;
+  if (!getExternalId(own) || !getParentId(parent) || !zelXmlGetParentItemIds(element_, parents)) return true;
+  if (!parents.isEmpty() && !parents.contains(parent)) wrapper_->setRelevantParent(own, parents[0]);
+  return true;
+}
+
+ZelXmlNode* zelXmlNodeOf(ZelNode* node) {
+  auto* access = zelQuery<ZelXmlNodeAccess>(node);
+  return access ? access->zelXmlNode() : nullptr;
+}
+
+const ZelXmlNode* zelXmlNodeOf(const ZelNode* node) { return zelXmlNodeOf(const_cast<ZelNode*>(node)); }

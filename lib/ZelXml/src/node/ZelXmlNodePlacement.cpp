@@ -1,0 +1,95 @@
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNode.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+// Where an object stands, and how it is put under a parent.
+
+bool ZelXmlNode::getStudyLayout(const ApiPmId& shortcut, IXMLDOMNode& layout) const {
+  IXMLDOMNode info;
+  return zelXmlFindStudyInfo(document(), shortcut, info) &&
+         zelXmlGetReferencedNode(document(), info, "layout", layout);
+}
+
+bool ZelXmlNode::getLocation(RTTran3D& location) const {
+  ApiPmId own;
+  ApiPmId shortcut;
+  if (!wrapper_ || !getExternalId(own)) return false;
+  IXMLDOMNode layout;
+  if (wrapper_->shortcutFinder().findShortcut(own, shortcut)) {
+    return getStudyLayout(shortcut, layout) && zelXmlGetLayoutTransform(layout, location);
+  }
+  if (!referenced("layout", layout)) return false;
+  ApiPmId parentId;
+  const ZelXmlNode* parent = getParentId(parentId) ? wrapper_->zelXmlNodeFromId(parentId) : nullptr;
+  if (!parent) return zelXmlGetAbsoluteLocation(layout, location);
+  IXMLDOMNode parentLayout;
+  return parent->referenced("layout", parentLayout) &&
+         zelXmlGetRelativeTransform(layout, parentLayout, location);
+}
+
+bool ZelXmlNode::setLocation(const RTTran3D& location) {
+  ApiPmId own;
+  ApiPmId shortcut;
+  if (!wrapper_ || !getExternalId(own)) return false;
+  IXMLDOMNode layout;
+  if (wrapper_->shortcutFinder().findShortcut(own, shortcut)) {
+    return getStudyLayout(shortcut, layout) && zelXmlSetLayoutTransform(layout, location) &&
+           zelXmlPublishUpdate(outDocument(), layout);
+  }
+  RTTran3D current;
+  return getLocation(current) && referenced("layout", layout) &&
+         zelXmlMoveLayout(document(), layout, current.inverse() * location) &&
+         zelXmlPublishUpdate(outDocument(), layout);
+}
+
+bool ZelXmlNode::getAbsoluteLocation(RTTran3D& location) const {
+  IXMLDOMNode layout;
+  return referenced("layout", layout) && zelXmlGetAbsoluteLocation(layout, location);
+}
+
+bool ZelXmlNode::attachToParent(const IXMLDOMNode& parent) {
+  ApiPmId parentId;
+  if (!zelXmlGetExternalId(parent, parentId) || !zelXmlAddParentItem(element_, parentId) ||
+      !zelXmlPublishUpdate(outDocument(), element_)) {
+    return false;
+  }
+  IXMLDOMNode layout;
+  IXMLDOMNode parentLayout;
+  RTTran3D absolute;
+  RTTran3D parentAbsolute;
+  return zelXmlGetReferencedNode(document(), parent, "layout", parentLayout) &&
+         referenced("layout", layout) && zelXmlSetParentTextFromElement(layout, parentLayout) &&
+         zelXmlGetAbsoluteLocation(parentLayout, parentAbsolute) &&
+         zelXmlGetAbsoluteLocation(layout, absolute) &&
+         zelXmlSetLayoutTransform(layout, parentAbsolute.inverse() * absolute) &&
+         zelXmlPublishUpdate(outDocument(), layout);
+}
+
+bool ZelXmlNode::setAsChildOf(const ApiPmId& parent, const ApiPmId& parentLayout,
+                              const RTTran3D& parentAbsolute) {
+  IXMLDOMNode layout;
+  RTTran3D relative;
+  RTTran3D absolute;
+  if (!zelXmlAddParentItem(element_, parent) || !referenced("layout", layout) ||
+      !zelXmlSetParentText(layout, parentLayout.text()) || !zelXmlGetLayoutTransform(layout, relative) ||
+      !zelXmlGetAbsoluteLocation(layout, absolute)) {
+    return false;
+  }
+  // The relative placement that keeps the absolute one, then a move back to the old relative placement: this
+  // carries the absolute placement, and everything below, to where the new parent has it.
+  const RTTran3D kept = parentAbsolute.inverse() * absolute;
+  return zelXmlSetLayoutTransform(layout, kept) &&
+         zelXmlMoveLayout(document(), layout, kept.inverse() * relative);
+}
+
+bool ZelXmlNode::setAsChildOfElement(const IXMLDOMNode& parent) {
+  ApiPmId parentId;
+  ApiPmId parentLayoutId;
+  IXMLDOMNode parentLayout;
+  RTTran3D parentAbsolute;
+  return zelXmlGetExternalId(parent, parentId) &&
+         zelXmlGetReferencedNode(document(), parent, "layout", parentLayout) &&
+         zelXmlGetExternalId(parentLayout, parentLayoutId) &&
+         zelXmlGetAbsoluteLocation(parentLayout, parentAbsolute) &&
+         setAsChildOf(parentId, parentLayoutId, parentAbsolute);
+}

@@ -1,0 +1,18 @@
+#include "node/ZelXmlPlaceholder.h"
+
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNewElements.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+bool ZelXmlPlaceholderNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
+  return getWrapper() && zelXmlAddInstanceFields(*getWrapper(), record, element);
+}
+
+bool ZelXmlPlaceholderNode::getDocument(ApiPmDocument& result) const {
+  return zelXmlGetExternalId(getXmlNode(), result.id);
+}
+
+bool ZelXmlPlaceholderNode::getThreeDRepPath(ApiFullPathDocument& path) const {
+  IXMLDOMNode rep;
+  return getThreeDRep(rep) && zelXmlGetThreeDRepPath(document(), rep, path.path);
+}

@@ -1,0 +1,176 @@
+#include "node/ZelXmlStudy.h"
+
+#include <memory>
+
+#include "document/ZelXmlFunctions.h"
+#include "wrapper/ZelXmlNodeFactory.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+ZelNode* zelXmlNodeOfShortcut(ZelXmlWrapper& wrapper, const IXMLDOMNode& shortcut) {
+  IXMLDOMNode shown;
+  ApiPmId id;
+  return zelXmlGetReferencedNode(wrapper.DOMDocument(), shortcut, "linkExternalID", shown) &&
+                 zelXmlGetExternalId(shown, id)
+             ? wrapper.getZelNodeFromId(id)
+             : nullptr;
+}
+
+bool ZelXmlFace<ZelVorCollection, ZelXmlStudy>::removeChildLocally(const ApiPmId& id) {
+  return static_cast<ZelXmlStudy&>(*this).removeShownObjectLocally(id);
+}
+
+bool ZelXmlStudy::getLocation(RTTran3D& location) const {
+  location = RTTran3D::unit;
+  return true;
+}
+
+ZelNode* ZelXmlStudy::createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) {
+  ZelNode* child = nullptr;
+  if (!createChild({type, className, id}, child)) return nullptr;
+  addExistingChild(child);  // a child that cannot be shown exists all the same
+  return child;
+}
+
+bool ZelXmlStudyNode::createChild(const ZelXmlCreationRecord& record, ZelNode*& child) {
+  if (!collectionService().createChild(record, child)) return false;
+  const ZelXmlNode* node = zelXmlNodeOf(child);
+  return node && zelXmlPublishUpdate(outDocument(), node->getXmlNode());
+}
+
+bool ZelXmlStudyNode::addExistingChild(ZelNode* child) {
+  ZelXmlWrapper* wrapper = getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId own;
+  ApiPmId id;
+  if (!wrapper || !node || node == this || !getExternalId(own) ||
+      !zelXmlGetExternalId(node->getXmlNode(), id))
+    return false;
+  std::string name;
+  if (!zelXmlGetName(node->getXmlNode(), name) || name.empty()) name = "PmShortcut";
+  IXMLDOMNode shortcut;
+  if (!zelXmlCreateShortcut(document(), outDocument(), getXmlNode(), name, shortcut) ||
+      !zelXmlSetLinkText(shortcut, id.text()) || !collectionService().addChildElement(shortcut) ||
+      !zelXmlSetParentText(shortcut, own.text()) || !zelXmlPublishClone(outDocument(), shortcut)) {
+    return false;
+  }
+  wrapper->addShortcutToShortcutFinder(shortcut);
+  wrapper->roots().append(node->pmNode());
+  return true;
+}
+
+bool ZelXmlStudyNode::moveChild(ZelNode* child) {
+  ZelXmlWrapper* wrapper = getWrapper();
+  ZelXmlNode* node = zelXmlNodeOf(child);
+  ApiPmId id;
+  ApiPmId parent;
+  if (!wrapper || !node || node == this || !node->getExternalId(id)) return false;
+  if (wrapper->relevantParentFinder().findRelevantParent(id, parent) &&
+      (!wrapper->getZelNodeFromId(parent) || !zelXmlDetachFromParent(*wrapper, node->getXmlNode(), parent))) {
+    return false;
+  }
+  return addExistingChild(child);
+}
+
+bool ZelXmlStudyNode::findShortcutOf(const ZelNode* node, ApiPmId& shortcut) const {
+  ApiPmId id;
+  return getWrapper() && node && node->getExternalId(id) &&
+         getWrapper()->shortcutFinder().findShortcut(id, shortcut);
+}
+
+bool ZelXmlStudyNode::containsNode(const ZelNode* node) const {
+  ApiPmId shortcutId;
+  ApiPmId own;
+  IXMLDOMNode shortcut;
+  std::string parent;
+  return findShortcutOf(node, shortcutId) && zelXmlFindNodeById(document(), shortcutId, shortcut) &&
+         zelXmlGetParentId(shortcut, parent) && getExternalId(own) && parent == own.text();
+}
+
+bool ZelXmlStudyNode::hasShortcutChild(const ZelNode* node) const {
+  ApiPmId shortcut;
+  return findShortcutOf(node, shortcut) && zelXmlContainsChild(getXmlNode(), shortcut);
+}
+
+bool ZelXmlStudyNode::getChildrenOfType(ZelNodeType type, ZelNodeList& nodes) const {
+  ApiPmIdList ids;
+  if (!getWrapper() || !zelXmlGetChildIds(getXmlNode(), ids)) return false;
+  ZelNodeList found;
+  for (const ApiPmId& id : ids) {
+    IXMLDOMNode shortcut;
+    if (!zelXmlFindNodeById(document(), id, shortcut)) return false;
+    ZelNode* node = zelXmlNodeOfShortcut(*getWrapper(), shortcut);
+    if (node && node->type() == type) found.append(node);
+  }
+  nodes = found;
+  return true;
+}
+
+ZelNode* ZelXmlStudyNode::createSubjectNode(const ApiPmId& id, ZelNodeType type,
+                                            ZelNode::InterfaceType face) {
+  IXMLDOMNode element;
+  if (!getWrapper() || !zelXmlFindNodeById(document(), id, element)) return nullptr;
+  std::unique_ptr<ZelXmlNode> node(ZelXmlNodeFactory::the().create(type));
+  if (!node) return nullptr;
+  node->setXmlNode(element);
+  node->setId(id);
+  node->setWrapper(getWrapper());
+  ZelNode* answer = node->pmNode()->queryInterface(face);
+  getWrapper()->insertNode(id, node.release()->pmNode());
+  return answer;
+}
+
+bool ZelXmlStudyNode::removeNodeShortcut(const ApiPmId& id) {
+  ApiPmId shortcut;
+  if (!getWrapper() || !getWrapper()->shortcutFinder().findShortcut(id, shortcut)) return false;
+  return zelXmlRemoveStudyShortcut(getWrapper()->cachedDOMDocument(), outDocument(),
+                                   ApiPmId(getWrapper()->studyId()), shortcut) &&
+         getWrapper()->shortcutFinder().removeNodeAndShortcut(id, shortcut);
+}
+
+bool ZelXmlStudyNode::removeChild(const ApiPmId& id) {
+  ApiPmId shortcutId;
+  IXMLDOMNode shortcut;
+  if (!getWrapper() || !getWrapper()->shortcutFinder().findShortcut(id, shortcutId) ||
+      !zelXmlFindNodeById(document(), shortcutId, shortcut)) {
+    return false;
+  }
+  ZelXmlNode* node = zelXmlNodeOf(zelXmlNodeOfShortcut(*getWrapper(), shortcut));
+  // The object's own deletion takes the shortcut out of the study: doing it here as well would fail there.
+  return node && node->deleteNode();
+}
+
+bool ZelXmlStudyNode::removeStudyInfo(const ApiPmId& shortcut) {
+  IXMLDOMNode infoItem;
+  IXMLDOMNode childItem;
+  IXMLDOMNode info;
+  IXMLDOMNode layout;
+  std::string infoId;
+  if (!zelXmlFindShortcutItems(getXmlNode(), shortcut.text(), infoItem, childItem) ||
+      !zelXmlGetText(infoItem, infoId) || !zelXmlFindNodeById(document(), infoId, info)) {
+    return false;
+  }
+  ApiPmXmlCachedDocument& cached = getWrapper()->cachedDOMDocument();
+  return zelXmlRemoveCachedElement(cached, info) &&
+         zelXmlGetReferencedNode(document(), info, "layout", layout) &&
+         zelXmlRemoveCachedElement(cached, layout) && zelXmlRemoveFromParent(infoItem);
+}
+
+bool ZelXmlStudyNode::removeShownObjectLocally(const ApiPmId& shown) {
+  const ApiPmId id = shown;
+  ApiPmId shortcut;
+  ZelXmlWrapper* wrapper = getWrapper();
+  if (!wrapper || !wrapper->shortcutFinder().findShortcut(id, shortcut) || !removeStudyInfo(shortcut) ||
+      !zelXmlRemoveChildItem(getXmlNode(), shortcut) ||
+      !wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut)) {
+    return false;
+  }
+  return wrapper->refreshDeleteRoot(wrapper->getZelNodeFromId(id));
+}
+
+bool ZelXmlStudyNode::addShortcutInfo(ZelNode* node) {
+  ApiPmId shortcutId;
+  IXMLDOMNode shortcut;
+  return findShortcutOf(node, shortcutId) && zelXmlFindNodeById(document(), shortcutId, shortcut) &&
+         zelXmlCreateShortcutInfo(document(), outDocument(), getXmlNode()) &&
+         collectionService().addChildElement(shortcut);
+}

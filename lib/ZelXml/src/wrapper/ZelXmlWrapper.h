@@ -1,0 +1,188 @@
+#pragma once
+
+#include <string_view>
+
+#include "api/ApiPmXmlCachedDocument.h"
+#include "dom/IXMLDOMDocument.h"
+#include "rw/RWClassicTValHashSet.h"
+#include "wrapper/ZelXmlIdConvertor.h"
+#include "wrapper/ZelXmlParentFinder.h"
+#include "wrapper/ZelXmlRoots.h"
+#include "wrapper/ZelXmlShortcutFinder.h"
+#include "zel/ZelWrapper.h"
+
+class ZelVorLabel;
+class ZelXmlNode;
+
+// A study document as live nodes. The document itself belongs to the session, which is asked for it at each
+// use; the wrapper holds the registry of nodes, the finders, the roots, and the update and OUT documents.
+//
+// Failures are false or null, without message; what was done before a failing step stands. One thread at a
+// time uses a wrapper, its documents and the session.
+class ZelXmlWrapper : public ZelVorWrapper {
+ public:
+  ZelXmlWrapper();
+  ~ZelXmlWrapper() override;
+  ZelXmlWrapper(const ZelXmlWrapper&) = delete;
+  ZelXmlWrapper& operator=(const ZelXmlWrapper&) = delete;
+
+  // ZelWrapper
+  bool getAllNodes(ZelNodeList& nodes) override;
+  int nodesNum() override;
+  const ZelNode* getZelNodeFromId(const ApiPmId& id) const override;
+  ZelNode* getZelNodeFromId(const ApiPmId& id) override;
+  bool getRoots(ApiPmIdList& ids) const override;
+  bool generateUniqueId(ApiPmId& id) const override;
+  // Takes the object off its parent's list and deletes it, as ZelXmlNode::deleteNode; a label is taken off
+  // the object that it is assigned to. The children of a deleted compound stay, without a parent that counts.
+  // False for an id without node, and when the element stays: then the node stays too.
+  bool deleteNode(ApiPmId& id) override;
+  // A new object that is a root, published. An empty class name takes that of the type. Null, with nothing
+  // made, for a type or class that no element can be made of. The last argument is not read.
+  ZelNode* createRoot(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id,
+                      const ApiPmId& other) override;
+  ZelNode* createRoot(ZelNodeType type, const ApiPmId& id) override { return createRoot(type, {}, id, {}); }
+  // Takes a child out of its parent and makes it a root; published. True also for an object without parent.
+  bool addRootFromOtherParent(ZelNode* node) override;
+  // A prototype object under a new id, or under that of `data`; not published. False leaves the element where
+  // a step after its making fails.
+  bool createNewPrototype(const ApiPmPrototypeData& data, const RWClassicWString& name, ApiPmId& id) override;
+  bool addExistingPrototype(const ApiPmPrototypeData& data) override { return createPrototypeNode(data, {}); }
+  void setDatabaseId(const ApiDatabaseId& id) override { databaseId_ = id; }
+  ApiDatabaseId databaseId() const override { return databaseId_; }
+  const ZelWrapper* queryInterface(int type) const override { return type == 0 ? this : nullptr; }
+  ZelWrapper* queryInterface(int type) override { return type == 0 ? this : nullptr; }
+  ZelBehaviorRestrictionsMgr& getBehaviorRestrictionsManager() const override;
+  bool isTemporaryWrapper() const override { return false; }
+  bool build(bool download) override;
+
+  // ZelVorWrapper
+  bool write(std::ostream& stream) const override;
+  bool write(const RWClassicWString& fileName) const override;
+  bool read() override;
+  bool findShortcut(const ApiPmId& id, ApiPmId& shortcut) const override;
+  IXMLDOMDocument DOMDocument() override;
+  IXMLDOMDocument DOMDocument() const { return const_cast<ZelXmlWrapper*>(this)->DOMDocument(); }
+  // Takes the index of the former update document back, and indexes the new one, which joins the fields
+  // cache.
+  void setUpdateDocument(const IXMLDOMDocument& document) override;
+  void setOutDocument(const IXMLDOMDocument& document) override;
+  // The roots named come first, in this order, the others follow in their present order. Ids that are no
+  // roots are passed over. Always true.
+  bool reorderRoots(const ApiPmIdList& ids) override;
+  // Lets go of the study object, its shortcuts and all operation shortcuts, then takes `document` in as an
+  // incremental update, whose study object becomes the study. The id is not read. Stops at the first false;
+  // there is no way back then.
+  bool moveContentToNewStudy(const IXMLDOMDocument& document, const ApiPmId& id) override;
+  // Publishes a copy of the study object without its operation shortcuts. False without an OUT document.
+  bool filterOtherTechnologiesShortcutsFromStudy() override;
+  // Whether the OUT document holds a command for `id`, and the object has a node, or has none. False, and
+  // `result` untouched, without an OUT document.
+  bool isNodeInExportedNodes(const ApiPmId& id, bool& result) override;
+  bool isNodeInExportDeletedNodes(const ApiPmId& id, bool& result) override;
+  // Leaves every shared object to the parent that counts. Publishes nothing. Stops at the first node that
+  // answers false; the nodes before it stay changed.
+  bool removeSharing() override;
+  // Follow what has happened in the data store already; nothing is published. The first removes a root with
+  // its layout, and with its place in the study. The second takes a child from its parent that counts, enters
+  // `parent` and the parent's layout, and puts it at its old relative placement under `location`, the
+  // absolute placement of that parent. Steps after a failing one do not run.
+  bool refreshDeleteRoot(ZelNode* node) override;
+  bool refreshSetChildAsRoot(ZelNode* node, const ApiPmId& parent, const ApiPmId& parentLayout,
+                             const RTTran3D& location) override;
+  IXMLDOMDocument prototypesDOMDocument() const override { return DOMDocument(); }
+
+  ZelXmlIdConvertor& convertor() { return convertor_; }
+  const ZelXmlIdConvertor& convertor() const { return convertor_; }
+  ZelXmlShortcutFinder& shortcutFinder() { return shortcutFinder_; }
+  const ZelXmlShortcutFinder& shortcutFinder() const { return shortcutFinder_; }
+  ZelXmlParentFinder& relevantParentFinder() { return parentFinder_; }
+  const ZelXmlParentFinder& relevantParentFinder() const { return parentFinder_; }
+  const IXMLDOMDocument& updateDocument() const { return updateDocument_; }
+  const IXMLDOMDocument& OUTDocument() const { return outDocument_; }
+  ApiPmXmlCachedDocument& cachedDOMDocument() const;
+  // Id of the study object met last by a build; it outlives the nodes. Empty before the first.
+  const RWClassicWString& studyId() const { return studyId_; }
+  ZelXmlRoots& roots() { return roots_; }
+
+  // The node of an id as the library sees it; null without node and for PLC internal nodes.
+  ZelXmlNode* zelXmlNodeFromId(const ApiPmId& id) const;
+
+  // Registers a node. A node that had the id leaves the roots, and lives on until the next build.
+  void insertNode(const ApiPmId& id, ZelNode* node);
+  // The one way by which a node dies before its wrapper: entry, root and relevant parent go with it. `id` may
+  // be the entry's own key or the node's own id; neither may be used afterwards.
+  void removeAndDeleteNodeObject(const ApiPmId& id);
+  void removeAndDeleteNodeObjectsList(const ApiPmIdList& ids);
+
+  // Enters the object that a shortcut element links to; does nothing for a link that leads nowhere.
+  void addShortcutToShortcutFinder(const IXMLDOMNode& shortcut);
+  // Enters a parent as the one that counts for a child. Without `force` a child keeps the parent that it has,
+  // with a warning for a second one. True also when the parent is not one that counts and nothing is stored;
+  // false only for a parent without id.
+  bool addParentAndChildToRelevantParentFinder(const IXMLDOMNode& parent, const ApiPmId& child, bool force);
+  // The same by force, for two nodes.
+  bool addParentAndChildToRelevantParentFinder(const ZelXmlNode& parent, const ZelXmlNode& child);
+  // The same without force for all children of an element, in order; stops at the first false.
+  bool addParentAndChildrenToRelevantParentFinder(const IXMLDOMNode& parent);
+  // Stores `parent` for `child`, whatever the two are.
+  void setRelevantParent(const ApiPmId& child, const ApiPmId& parent);
+
+  // Node creation for an object element of the study document; `familyElement` is its NodeInfo/family. All
+  // answer the new node, or null for an object that gets none: shortcuts, families that have no nodes, and
+  // elements without id, whose node is made but not registered.
+  ZelNode* createNodeByFamilyXmlNode(const IXMLDOMNode& familyElement);
+  ZelNode* handleNodeCreation(const IXMLDOMNode& element, std::string_view family);
+  ZelNode* createNode(const IXMLDOMNode& element, std::string_view family);
+  // Indexes the element under its id, and pairs the data store's number with the id. False without id.
+  bool handleNewNodeCaches(const IXMLDOMNode& element);
+
+  // Deletes one after the other; stops at the first false. False for an empty list.
+  bool deleteNodesList(const ApiPmIdList& ids);
+  // Whether a shortcut in the list of the study leads to `id`. False without the study, or its list.
+  bool doesStudyContainNodeByShortcut(const ApiPmId& id, bool& contained);
+
+  // The section of a command of a change stream, made if need be.
+  bool createOutDocumentNode(const IXMLDOMDocument& document, std::string_view command, IXMLDOMNode& node);
+
+ private:
+  void clear();
+  bool preBuild(const IXMLDOMDocument& document, bool download);
+  bool collectToolInstanceMasterObjects(const IXMLDOMDocument& document);
+  void updateRoots();
+  bool refreshRoots();
+  void issueSharedNodeAdditionalParentIgnoredWarning(const ApiPmId& child, const IXMLDOMNode& parent);
+  bool refreshParentWithNewChild(const ApiPmId& parent, ZelNode* node);
+  bool refreshStudyNodeDeletion();
+  bool refreshShortcutRemovalFromStudy(const ApiPmId& shortcut, const ApiPmId& node);
+  bool refreshAllShortcutsRemovalFromStudy();
+  bool createPrototypeNode(const ApiPmPrototypeData& data, const RWClassicWString& name);
+  bool deleteLabel(ZelVorLabel& label, const ApiPmId& id);
+  bool isNodeCachedInExportedDoc(const ApiPmId& id, bool& cached) const;
+  void readSessionMngInformation();
+  void writeSessionMngInformation() const;
+
+  // What the class of a node depends on beside family and element name.
+  ZelNodeType classOfProduct(const IXMLDOMNode& element) const;
+  ZelNodeType classOfResource(const IXMLDOMNode& element) const;
+  bool isPrototypeOccurrence(const IXMLDOMNode& element) const;
+  bool isEquipmentPrototypeAssignment(const IXMLDOMNode& element) const;
+  bool isLightSensorInstance(const IXMLDOMNode& element) const;
+  bool isLightSensorPrototype(const IXMLDOMNode& element) const;
+  bool isLightSensorNode(const IXMLDOMNode& element) const;
+  bool isPropertySensorInstance(const IXMLDOMNode& element) const;
+  bool isPropertySensorPrototype(const IXMLDOMNode& element) const;
+  bool isPropertySensorNode(const IXMLDOMNode& element) const;
+  static bool isVariantClass(const IXMLDOMNode& element, ZelNodeType& type);
+
+  // The registry goes last: it deletes the nodes.
+  ZelXmlIdConvertor convertor_;
+  ZelXmlShortcutFinder shortcutFinder_;
+  ZelXmlParentFinder parentFinder_;
+  IXMLDOMDocument updateDocument_;
+  IXMLDOMDocument outDocument_;
+  ZelXmlRoots roots_;
+  RWClassicWString studyId_;
+  ApiDatabaseId databaseId_;
+  RWClassicTValHashSet<ApiPmId> toolInstanceMasterObjects_;
+};

@@ -1,0 +1,303 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "DomTesting.h"
+
+using namespace domtest;
+
+namespace {
+
+using DomLifetime = DomTest;
+
+// What a tree is, without any sharing or counting: who stands where, and which nodes a test holds.
+struct Model {
+  int type = NODE_ELEMENT;
+  std::string name;  // or the text; no two nodes of one run have the same
+  Model* parent = nullptr;
+  Model* owner = nullptr;  // of a root that is no document
+  std::vector<Model*> attributes;
+  std::vector<Model*> children;
+  int handles = 0;
+
+  Model* root() { return parent != nullptr ? parent->root() : this; }
+  Model* document() { return root()->type == NODE_DOCUMENT ? root() : root()->owner; }
+  template <class Visit>
+  void each(Visit visit) {
+    visit(this);
+    for (Model* a : attributes) visit(a);
+    for (Model* c : children) c->each(visit);
+  }
+  bool held() {
+    bool any = false;
+    each([&](Model* m) { any = any || m->handles > 0; });
+    return any;
+  }
+  std::string xml() const {
+    std::string out;
+    if (type == NODE_TEXT) return name;
+    if (type == NODE_ATTRIBUTE) return name + "=\"v\"";
+    for (const Model* c : children) out += c->xml();
+    if (type == NODE_DOCUMENT) return out;
+    std::string start = std::string("<").append(name);
+    for (const Model* a : attributes) start.append(" ").append(a->xml());
+    if (out.empty()) return start.append("/>");
+    return start.append(">").append(out).append("</").append(name).append(">");
+  }
+  void cut() {
+    if (parent == nullptr) return;
+    owner = document();
+    std::erase(type == NODE_ATTRIBUTE ? parent->attributes : parent->children, this);
+    parent = nullptr;
+  }
+};
+
+// One run: random calls on random handles, done to the model alike.
+class RandomSession {
+ public:
+  explicit RandomSession(std::mt19937::result_type seed)
+      : random_(seed), before_(IXMLDOMDocument::livingNodes()) {}
+
+  void steps(int count) {
+    for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+      step();
+      check();
+    }
+    while (!held_.empty() && !testing::Test::HasFailure()) {
+      drop();
+      check();
+    }
+  }
+
+ private:
+  struct Held {
+    IXMLDOMNode node;
+    Model* model;
+  };
+
+  std::size_t below(std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n - 1)(random_); }
+  Held any() { return held_[below(held_.size())]; }
+  // The model counts a handle only while it stands in held_: a handle that a step makes for itself is gone
+  // by the time of the check.
+  void hold(const IXMLDOMNode& node, Model* model) {
+    ASSERT_TRUE(node);
+    ++model->handles;
+    held_.push_back({node, model});
+  }
+  Model* make(int type, Model* owner) {
+    auto& made = all_.emplace_back(std::make_unique<Model>());
+    made->type = type;
+    made->name.append("n").append(std::to_string(all_.size()));
+    made->owner = owner;
+    return made.get();
+  }
+  Model* copy(const Model* from, Model* owner) {
+    auto& made = all_.emplace_back(std::make_unique<Model>(*from));
+    Model* const to = made.get();
+    to->handles = 0;
+    to->owner = owner;
+    to->parent = nullptr;
+    for (auto* list : {&to->attributes, &to->children}) {
+      for (Model*& m : *list) {
+        m = copy(m, nullptr);
+        m->parent = to;
+      }
+    }
+    return to;
+  }
+  void drop() {
+    const std::size_t at = below(held_.size());
+    --held_[at].model->handles;
+    held_[at] = held_.back();
+    held_.pop_back();
+  }
+
+  void step() {
+    const std::size_t what = below(12);
+    if (held_.empty() || (what == 0 && below(4) == 0)) {
+      Model* const model = make(NODE_DOCUMENT, nullptr);
+      hold(IXMLDOMDocument::create(), model);
+      return;
+    }
+    const Held a = any(), b = any();
+    switch (held_.size() > 40 ? 11 : what) {
+      case 0:
+      case 1:
+      case 2: {
+        const int type = std::array{NODE_ELEMENT, NODE_TEXT, NODE_ATTRIBUTE}[below(3)];
+        Model* const model = make(type, a.model->document());
+        const IXMLDOMNode node = a.node.ownerDocument().createNode(type, model->name);
+        EXPECT_TRUE(node.putText(type == NODE_TEXT ? model->name : type == NODE_ATTRIBUTE ? "v" : ""));
+        hold(node, model);
+        break;
+      }
+      case 3:
+      case 4:
+      case 5:
+        append(a, b);
+        break;
+      case 6:
+        EXPECT_EQ(a.node.parentNode().removeChild(a.node),
+                  a.model->parent && a.model->type != NODE_ATTRIBUTE);
+        if (a.model->type != NODE_ATTRIBUTE) a.model->cut();
+        break;
+      case 7:
+        if (a.model->type == NODE_DOCUMENT) {
+          EXPECT_FALSE(a.node.cloneNode(true));
+        } else {
+          hold(a.node.cloneNode(true), copy(a.model, a.model->document()));
+        }
+        break;
+      case 8: {
+        const bool can = a.model->type == NODE_ELEMENT && b.model->type == NODE_ATTRIBUTE &&
+                         (!b.model->parent || b.model->parent == a.model);
+        EXPECT_EQ(a.node.setAttributeNode(b.node), can);
+        if (!can || b.model->parent == a.model) break;
+        // In the place of the one of its name, which a clone may have left there.
+        auto& list = a.model->attributes;
+        const auto old =
+            std::find_if(list.begin(), list.end(), [&](Model* m) { return m->name == b.model->name; });
+        const auto place = old - list.begin();
+        if (old != list.end()) (*old)->cut();
+        list.insert(list.begin() + place, b.model);
+        b.model->parent = a.model;
+        break;
+      }
+      case 9:
+        if (!a.model->attributes.empty()) {
+          Model* const attribute = a.model->attributes[below(a.model->attributes.size())];
+          if (below(2) == 0) {
+            hold(a.node.getNamedItem(attribute->name), attribute);
+          } else {
+            EXPECT_TRUE(a.node.removeAttribute(attribute->name));
+            attribute->cut();
+          }
+        }
+        break;
+      case 10:
+        if (a.model->parent != nullptr && a.model->type != NODE_ATTRIBUTE && below(2) == 0) {
+          hold(a.node.parentNode(), a.model->parent);
+        } else if (!a.model->children.empty()) {
+          const std::size_t at = below(a.model->children.size());
+          hold(a.node.childNodes().item(static_cast<long>(at)), a.model->children[at]);
+        } else {
+          hold(a.node.ownerDocument(), a.model->document());
+        }
+        break;
+      default:
+        drop();
+    }
+  }
+
+  void append(const Held& to, const Held& child) {
+    const auto kind = [](const Held& h) { return h.model->type; };
+    bool can = (kind(to) == NODE_ELEMENT || kind(to) == NODE_DOCUMENT) &&
+               (kind(child) == NODE_ELEMENT || (kind(child) == NODE_TEXT && kind(to) == NODE_ELEMENT));
+    for (Model* up = to.model; up != nullptr; up = up->parent) can = can && up != child.model;
+    if (kind(to) == NODE_DOCUMENT) {
+      for (Model* other : to.model->children) can = can && other == child.model;
+    }
+    EXPECT_EQ(to.node.appendChild(child.node), can);
+    if (!can) return;
+    child.model->cut();
+    child.model->parent = to.model;
+    to.model->children.push_back(child.model);
+  }
+
+  // Which nodes have to live follows from the rule alone: all of a tree that is held, and the documents that
+  // own such a tree.
+  void check() {
+    std::size_t expected = 0;
+    std::vector<Model*> owners;
+    for (const auto& m : all_) {
+      if (m->parent != nullptr || m->type == NODE_DOCUMENT) continue;
+      if (!m->held()) continue;
+      m->each([&](Model*) { ++expected; });
+      owners.push_back(m->owner);
+    }
+    for (const auto& m : all_) {
+      if (m->type != NODE_DOCUMENT) continue;
+      if (m->held() || std::find(owners.begin(), owners.end(), m.get()) != owners.end()) {
+        m->each([&](Model*) { ++expected; });
+      }
+    }
+    EXPECT_EQ(IXMLDOMDocument::livingNodes() - before_, expected);
+    if (held_.empty()) return;
+    const Held one = any();
+    EXPECT_EQ(one.node.xml(), one.model->xml());
+    EXPECT_EQ(one.node.ownerDocument().xml(), one.model->document()->xml());
+  }
+
+  std::mt19937 random_;
+  std::size_t before_;
+  std::vector<std::unique_ptr<Model>> all_;
+  std::vector<Held> held_;
+};
+
+TEST_F(DomLifetime, NodesLiveExactlyAsLongAsAHandleNeedsThem) {
+  std::mt19937 seeds(seed());
+  for (int run = 0; run < 60 && !HasFailure(); ++run) RandomSession(seeds()).steps(400);
+}
+
+TEST_F(DomLifetime, ADetachedNodeKeepsItsDocument) {
+  IXMLDOMNode node;
+  {
+    const IXMLDOMDocument document = parsed("<a><b><c/></b></a>");
+    node = at(document, "a/b/c");
+    const IXMLDOMNode b = node.parentNode();
+    ASSERT_TRUE(b.parentNode().removeChild(b));
+  }
+  EXPECT_EQ(node.parentNode().xml(), "<b><c/></b>") << "the whole detached tree lives";
+  EXPECT_EQ(node.ownerDocument().xml(), "<a/>");
+  const IXMLDOMNode text = node.ownerDocument().createTextNode("t");
+  node = IXMLDOMNode();
+  EXPECT_EQ(text.ownerDocument().xml(), "<a/>");
+}
+
+TEST_F(DomLifetime, ALongSessionReturnsWhatItTook) {
+  const IXMLDOMDocument document = parsed("<a><list/></a>");
+  const IXMLDOMNode list = at(document, "a/list");
+  const std::size_t nodes = IXMLDOMDocument::livingNodes();
+  IXMLDOMElement found;
+  for (int i = 0; i < 20000; ++i) {
+    const IXMLDOMElement item = document.createElement("item");
+    ASSERT_TRUE(item.putText("text number " + std::to_string(i)));
+    ASSERT_TRUE(item.setAttribute("id", std::to_string(i)));
+    ASSERT_TRUE(list.appendChild(item));
+    EXPECT_TRUE(document.findByAttribute("id", std::to_string(i), found));
+    EXPECT_EQ(found, item);
+    if (i % 3 == 0) item.childNodes();
+    ASSERT_TRUE(list.removeChild(item));
+    found = IXMLDOMElement();
+  }
+  EXPECT_EQ(IXMLDOMDocument::livingNodes(), nodes);
+}
+
+TEST_F(DomLifetime, TheDeepestTreeNeedsLittleStack) {
+  onSmallStack([] {
+    std::string text;
+    for (int i = 0; i < IXMLDOMNode::maxDepth; ++i) text += "<e><f>x</f>";
+    for (int i = 0; i < IXMLDOMNode::maxDepth; ++i) text += "</e>";
+    // f stands one level below the deepest e.
+    EXPECT_FALSE(IXMLDOMDocument::create().loadXML(text));
+    text.erase(text.rfind("<f>x</f>"), 8);
+    const IXMLDOMDocument document = parsed(text);
+    IXMLDOMNode copy = document.documentElement().cloneNode(true);
+    EXPECT_EQ(document.xml(), copy.xml());
+    EXPECT_EQ(copy.text(), std::string(IXMLDOMNode::maxDepth - 1, 'x'));
+    IXMLDOMNodeList all;
+    EXPECT_TRUE(document.selectNodes("//e[e//f]//f", all));
+    EXPECT_EQ(all.length(), IXMLDOMNode::maxDepth - 1);
+    EXPECT_TRUE(document.selectNodes("//*[f='x']", all));
+    EXPECT_EQ(all.length(), IXMLDOMNode::maxDepth - 1);
+    // Moved below another root it would be one level too deep.
+    const IXMLDOMDocument other = parsed("<top><low/></top>");
+    EXPECT_FALSE(other.documentElement().appendChild(copy));
+    EXPECT_TRUE(other.documentElement().appendChild(at(copy, "e")));
+    EXPECT_FALSE(at(other, "top/low").appendChild(at(other, "top/e")));
+    std::ostringstream out;
+    EXPECT_TRUE(other.save(out));
+  });
+}
+
+}  // namespace

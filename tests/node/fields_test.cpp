@@ -1,0 +1,169 @@
+#include "node/ZelXmlLocationText.h"
+#include "node/ZelXmlTableServices.h"
+#include "wrapper/StudyTest.h"
+#include "zel/ZelCompound.h"
+#include "zel/ZelGlobalAttachment.h"
+#include "zel/ZelInstance.h"
+#include "zel/ZelVorLabel.h"
+#include "zel/ZelVorNode.h"
+#include "zel/ZelVorPlaceholder.h"
+
+using namespace document_test;
+
+namespace {
+
+class FieldsTest : public StudyTest {};
+
+TEST_F(FieldsTest, NamesAndTextsArePublishedByField) {
+  build(part("A", "", "") +
+        "<PmPartInstance ExternalId=\"N\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
+  publish();
+  EXPECT_FALSE(node("N")->setName("x")) << "an object without the field";
+  EXPECT_TRUE(node("A")->setDescription("first"));
+  EXPECT_TRUE(node("A")->setName("second"));
+  EXPECT_FALSE(node("A")->setName("bad \x01")) << "no XML text";
+  EXPECT_FALSE(node("N")->setDescription("bad \x01"));
+  EXPECT_EQ(root(stream), updates("<PmCompoundPart ExternalId=\"A\"><parents/><children/><layout>LA</layout>"
+                                  "<NodeInfo><family>Product</family></NodeInfo><comment>first</comment>"
+                                  "<name>second</name></PmCompoundPart>"));
+  // A whole publication keeps both, comment first; the plain interface changes only the study.
+  EXPECT_TRUE(zelQuery<ZelVorCompoundPart>(node("A"))->setAssemblyType(4));
+  EXPECT_TRUE(zelQuery<ZelVorNode>(node("A"))->setNameLocally("third"));
+  EXPECT_EQ(root(stream), updates("<PmCompoundPart ExternalId=\"A\"><parents/><children/><layout>LA</layout>"
+                                  "<NodeInfo><family>Product</family></NodeInfo>"
+                                  "<assemblyType>4</assemblyType><comment>first</comment>"
+                                  "<name>second</name></PmCompoundPart>"));
+  EXPECT_EQ(
+      element("N").xml(),
+      "<PmPartInstance ExternalId=\"N\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
+}
+
+TEST_F(FieldsTest, PrototypesOfInstances) {
+  auto instance = [](const std::string& id, const std::string& fields) {
+    return "<PmToolInstance ExternalId=\"" + id + "\">" + fields +
+           "<NodeInfo><family>Resource</family></NodeInfo></PmToolInstance>";
+  };
+  build(
+      "<PmToolPrototype ExternalId=\"proto\"><NodeInfo><family>ToolPrototype</family></NodeInfo>"
+      "</PmToolPrototype><PmEquipmentPrototypeOccurrence ExternalId=\"occ\"><prototype>proto</prototype>"
+      "<NodeInfo><family>Resource</family></NodeInfo></PmEquipmentPrototypeOccurrence>" +
+      instance("direct", "<prototype>proto</prototype>") +
+      instance("master", "<prototype>NULL</prototype><masterObj>proto</masterObj>") +
+      instance("occurring", "<masterObj>occ</masterObj>") + instance("empty", "<prototype/>") +
+      instance("null", "<prototype>NULL</prototype>"));
+  struct Case {
+    const char *id, *prototype, *shownAs;
+  };
+  for (const Case& test : {Case{"direct", "proto", "PmToolPrototype"},
+                           {"master", "proto", "PmToolPrototype"},
+                           {"occurring", "proto", "PmToolPrototype"},
+                           {"empty", "", "PmToolInstance"},
+                           {"null", "", "PmToolInstance"}}) {
+    ApiPmId id;
+    RWClassicWString type;
+    EXPECT_EQ(zelQuery<ZelInstance>(node(test.id))->getPrototypeId(id), *test.prototype != 0) << test.id;
+    EXPECT_EQ(id.text(), test.prototype) << test.id;
+    EXPECT_TRUE(zelQuery<ZelVorNode>(node(test.id))->getDisplayStringType(type));
+    EXPECT_EQ(type, test.shownAs) << test.id;
+  }
+  publish();
+  EXPECT_FALSE(zelQuery<ZelInstance>(node("null"))->setPrototypeId(ApiPmId("proto")));
+  EXPECT_TRUE(zelQuery<ZelInstance>(node("empty"))->setPrototypeId(ApiPmId("proto")));
+  EXPECT_EQ(updated(), "empty");
+}
+
+TEST_F(FieldsTest, ALabelBelongsToItsObject) {
+  build(part("A", "", "") + layout("LA", "A", "NULL", "", 5, 5));
+  publish();
+  auto* labels = zelQuery<ZelVorLabelsContainer>(node("A"));
+  ZelVorLabelData data{"note", RTTran3D({1.5, 2, 0}, {}), "look here", "red", ApiPmId("A")};
+  ASSERT_TRUE(labels->addLabel(ApiPmId("N"), data));
+  ASSERT_TRUE(labels->updateLabel(ApiPmId("N"), data));
+  EXPECT_EQ(element("N").xml(),
+            "<Label ExternalId=\"N\"><name>note</name><node>A</node><comment>look here</comment>"
+            "<displayInfo>red</displayInfo><noteLocation>1.5_2._0._0._0._0.</noteLocation>"
+            "<NodeInfo><family>Label</family></NodeInfo></Label>");
+  EXPECT_EQ(list("A", "labels"), "N");
+  EXPECT_EQ(updated(), "N A");
+  RTTran3D location;
+  EXPECT_TRUE(physical("N")->getAbsoluteLocation(location));
+  EXPECT_TRUE(location.isNear(RTTran3D({3.5, -2, 0}, {}), 1e-9, 1e-9));
+
+  ApiPmId id("N");
+  ASSERT_TRUE(wrapper->deleteNode(id));
+  EXPECT_EQ(deleted(), "N");
+  EXPECT_EQ(list("A", "labels"), "");
+  EXPECT_EQ(node("N"), nullptr);
+
+  RTTran3D kept({9, 9, 9}, {});
+  zelXmlParseLocationText("1_2_3_4_5", kept);
+  EXPECT_EQ(kept, RTTran3D({9, 9, 9}, {})) << "five parts";
+  EXPECT_EQ(zelXmlLocationText(RTTran3D({-1e-9, 0, 0}, {}).inverse()), zelXmlLocationText(RTTran3D::unit));
+}
+
+TEST_F(FieldsTest, AttachmentsTieTwoLayouts) {
+  build(part("A", "", "") + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
+        layout("LB", "B", "NULL", "", 0, 0));
+  publish();
+  auto* attached = zelQuery<ZelGlobalAttachment>(node("A"));
+  const RTTran3D placement({1, 2, 3}, {0, 0, 0.5});
+  ApiPmExtendedId target{ApiPmId("B"), ApiKey("joint")};
+  ASSERT_TRUE(attached->setGlobalAttachment({}, target, placement, "weld"));
+  ApiPmExtendedId found;
+  RTTran3D at;
+  RWClassicWString type;
+  ASSERT_TRUE(attached->getGlobalAttachment(found, at, type));
+  EXPECT_EQ(found, target);
+  EXPECT_EQ(type, "weld");
+  EXPECT_TRUE(at.isNear(placement, 1e-6, 1e-6));
+  ApiPmIdList tools;
+  EXPECT_TRUE(zelQuery<ZelGlobalAttachment>(node("B"))->getGloballyAttachedTools(tools));
+  EXPECT_EQ(tools, ApiPmIdList{ApiPmId("A")});
+  ASSERT_TRUE(attached->setGlobalAttachment(target, {}, {}, {}));
+  EXPECT_EQ(list("LB", "mountedTools"), "");
+  EXPECT_EQ(document_test::at(element("LA"), "mountedTo").text(), "NULL");
+  EXPECT_FALSE(attached->getGlobalAttachment(found, at, type));
+  EXPECT_EQ(updated(), "LB LA");
+}
+
+TEST_F(FieldsTest, PlcDataKnowsItsOrigin) {
+  build(
+      "<PmToolInstance ExternalId=\"R\"><threeDRep/><NodeInfo><family>Resource</family><Id>7</Id></NodeInfo>"
+      "</PmToolInstance>");
+  publish();
+  auto* plc = zelQuery<ZelPlcResourceInstance>(node("R"));
+  ASSERT_TRUE(plc && plc->setVersion("1") && plc->setVersion("2") && plc->publishPlcData());
+  RWClassicWString version;
+  EXPECT_TRUE(plc->getVersion(version) && version == "1") << "writing adds, reading takes the first";
+  EXPECT_EQ(
+      root(stream),
+      updates("<PmToolInstance ExternalId=\"R\"><NodeInfo><family>Resource</family><Id>7</Id></NodeInfo>"
+              "<plcInfo><OriginalId>R</OriginalId><version>1</version><version>2</version></plcInfo>"
+              "</PmToolInstance>"));
+  bool original = false;
+  EXPECT_TRUE(plc->isOriginal(original) && original);
+  zelXmlSetText(document_test::at(element("R"), "plcInfo/OriginalId"), "other");
+  EXPECT_TRUE(plc->isOriginal(original) && !original);
+  EXPECT_TRUE(plc->removePlcData() && plc->isOriginal(original) && original);
+}
+
+TEST_F(FieldsTest, TablesOfText) {
+  const IXMLDOMDocument document = parse("<O/>");
+  const IXMLDOMNode owner = document.documentElement();
+  const RWClassicTValOrderedVector<RWClassicCString> names{"In", "Ex"};
+  ZelXmlTableServices table(owner, "T", names);
+  ZelXmlTableServices::Columns read;
+  EXPECT_TRUE(table.readTable(read) && read.entries() == 2u && read[0].isEmpty());
+  EXPECT_FALSE(table.writeTable({ZelXmlTableServicesColumn{"a"}, ZelXmlTableServicesColumn{"b", "c"}}));
+  EXPECT_TRUE(table.writeTable({ZelXmlTableServicesColumn{}, ZelXmlTableServicesColumn{}}));
+  EXPECT_EQ(owner.xml(), "<O/>");
+  const ZelXmlTableServices::Columns columns{{"a", "b"}, {"1", ""}};
+  ASSERT_TRUE(table.writeTable(columns));
+  EXPECT_EQ(owner.xml(), "<O><T><item><In>a</In><Ex>1</Ex></item><item><In>b</In><Ex/></item></T></O>");
+  EXPECT_TRUE(table.readTable(read) && read == columns);
+  zelXmlRemoveNamedChild(owner, "T/item/Ex");
+  zelXmlRemoveNamedChild(at(owner, "T/item"), "Ex");
+  EXPECT_FALSE(table.readTable(read));
+}
+
+}  // namespace

@@ -1,0 +1,148 @@
+#include "api/ApiPmId.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "api/ApiPmIds.h"
+
+namespace {
+
+template <class Number>
+std::string numbered(const char* text, Number number) {
+  return std::string(text).append(std::to_string(number));
+}
+
+TEST(ApiPmId, TextIsComparedExactly) {
+  const std::string withNul("a\0b", 3);
+  const std::string texts[] = {"",           " ",   "a",        "A",         "a ",    "NULL",
+                               "{6F9619FF}", "a\n", "\xC3\xA9", "e\xCC\x81", withNul, std::string(5000, 'x')};
+  for (const std::string& a : texts) {
+    EXPECT_EQ(ApiPmId(a).text(), a);
+    EXPECT_EQ(ApiPmId(a).isNull(), a.empty());
+    for (const std::string& b : texts) {
+      EXPECT_EQ(ApiPmId(a) == ApiPmId(b), a == b);
+      EXPECT_EQ(ApiPmId(a) < ApiPmId(b), a < b);
+    }
+  }
+}
+
+// Listings are in the order of the hash: another one would change what earlier runs wrote.
+TEST(ApiPmId, HashStaysTheSame) {
+  EXPECT_EQ(ApiPmId("").hash(), 0u);
+  EXPECT_EQ(ApiPmId("a").hash(), 5926988390438248908u);
+  EXPECT_EQ(ApiPmId("6f9619ff-8b86-d011-b42d-00c04fc964ff").hash(), 7000839126072574103u);
+}
+
+TEST(ApiPmId, HashSpreadsTheIdsOfStudies) {
+  const auto worstBucket = [](auto textOf) {
+    constexpr std::size_t buckets = 1024;
+    std::vector<int> counts(buckets);
+    std::set<std::size_t> hashes;
+    for (int i = 0; i < 100000; ++i) {
+      const std::size_t hash = ApiPmId(textOf(i)).hash();
+      hashes.insert(hash);
+      ++counts[hash % buckets];
+    }
+    EXPECT_EQ(hashes.size(), 100000u);
+    return *std::max_element(counts.begin(), counts.end());
+  };
+  // About 98 each; 160 is more than six standard deviations off.
+  EXPECT_LT(worstBucket([](int i) { return numbered("PP-", i); }), 160);
+  EXPECT_LT(worstBucket([](int i) {
+              char text[60];
+              std::snprintf(text, sizeof text, "%08x-0000-4000-8000-00000000000%d", i / 10, i % 10);
+              return std::string(text);
+            }),
+            160);
+  EXPECT_LT(worstBucket([](int i) {
+              return std::string(static_cast<std::size_t>(i % 700), '\0') + std::to_string(i);
+            }),
+            160);
+}
+
+TEST(ApiPmId, TextsLiveAsLongAsTheirIds) {
+  const char* given = std::getenv("ZELXML_SEED");
+  const auto seed = given ? std::strtoull(given, nullptr, 10) : std::random_device{}();
+  std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
+  std::mt19937_64 random(seed);
+  // Ids in many hands, against plain texts.
+  std::vector<ApiPmId> ids(3000);
+  std::vector<std::string> texts(ids.size());
+  std::unordered_map<std::string, int> uses;
+  const auto put = [&](std::size_t at, const std::string& text) {
+    if (!texts[at].empty() && --uses[texts[at]] == 0) uses.erase(texts[at]);
+    texts[at] = text;
+    if (!text.empty()) ++uses[text];
+  };
+  for (int step = 0; step < 200000; ++step) {
+    const std::size_t at = random() % ids.size(), from = random() % ids.size();
+    switch (random() % 5) {
+      case 0: {
+        const std::string text = numbered("lifetime ", random() % 4000);
+        ids[at] = ApiPmId(text);
+        put(at, text);
+        break;
+      }
+      case 1:
+        ids[at] = ids[from];
+        put(at, std::string(texts[from]));
+        break;
+      case 2:
+        if (at == from) break;
+        ids[at] = std::move(ids[from]);
+        put(at, std::string(texts[from]));
+        put(from, "");
+        ids[from] = ApiPmId();
+        break;
+      case 3:
+        ids[at] = ApiPmId();
+        put(at, "");
+        break;
+      default: {
+        const std::string text = numbered("lifetime ", random() % 4000);
+        ASSERT_EQ(ApiPmId::existing(text).isNull(), uses.count(text) == 0);
+      }
+    }
+    ASSERT_EQ(ids[from].text(), texts[from]);
+  }
+  ids.clear();
+  for (int i = 0; i < 4000; ++i) ASSERT_TRUE(ApiPmId::existing(numbered("lifetime ", i)).isNull());
+}
+
+TEST(ApiGlobalUniqueId, TakesOnlyItsUsualForm) {
+  const std::string plain = "6F9619FF-8b86-D011-B42D-00C04FC964FF";
+  for (const std::string& text : {plain, "{" + plain + "}"})
+    EXPECT_EQ(ApiGlobalUniqueId(text).getAsString(), plain);
+  for (const std::string& text : {std::string(), std::string("{}"), "{" + plain, plain + "}", plain + " ",
+                                  "{{" + plain + "}}", std::string("g").append(plain, 1), plain.substr(1),
+                                  std::string("6F9619FF8-b86-D011-B42D-00C04FC964FF"),
+                                  std::string("6F9619FF8b86D011B42D00C04FC964FF")}) {
+    EXPECT_TRUE(ApiGlobalUniqueId(text).isNull()) << text;
+  }
+}
+
+TEST(NewGuidText, ComesFromThePlatformUnlessAHostGivesASource) {
+  std::set<std::string> made;
+  for (int i = 0; i < 1000; ++i) {
+    const std::string text = api::newGuidText();
+    EXPECT_EQ(ApiGlobalUniqueId(text).getAsString(), text);
+    EXPECT_EQ(text[14], '4') << "a random id says so";
+    made.insert(text);
+  }
+  EXPECT_EQ(made.size(), 1000u);
+  api::setGuidSource([n = 0]() mutable { return numbered("id ", ++n); });
+  EXPECT_EQ(api::newGuidText(), "id 1");
+  EXPECT_EQ(api::newGuidText(), "id 2");
+  api::setGuidSource(nullptr);
+  EXPECT_EQ(api::newGuidText().size(), 36u);
+}
+
+}  // namespace

@@ -1,0 +1,138 @@
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <memory>
+
+#include "zelstudy/EditRun.h"
+#include "zelstudy/Progress.h"
+#include "zelstudy/SaveFiles.h"
+#include "zelstudy/TextOutput.h"
+#include "zelstudy/Tool.h"
+
+namespace zelstudy {
+
+namespace {
+
+struct EditArguments {
+  std::string file;
+  std::string script;
+  std::string newFile;
+  bool inPlace = false;
+  std::string changesFile;
+  bool keepGoing = false;
+
+  std::string scriptName() const { return script == "-" ? "standard input" : script; }
+  // Where the study goes; empty for a dry run.
+  const std::string& studyFile() const { return inPlace ? file : newFile; }
+};
+
+bool readText(const EditArguments& arguments, std::string& text) {
+  std::ifstream file;
+  if (arguments.script != "-") file.open(arguments.script, std::ios::binary);
+  std::istream& in = arguments.script == "-" ? std::cin : file;
+  if (in) text.assign(std::istreambuf_iterator<char>(in), {});
+  return in && !in.bad();
+}
+
+// Says all that is wrong with a script; false when anything is.
+bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& operations) {
+  std::string text;
+  if (!readText(arguments, text)) {
+    say(arguments.scriptName() + ": cannot read the script");
+    return false;
+  }
+  std::vector<ScriptError> errors;
+  operations = parseEditScript(text, errors);
+  for (const ScriptError& error : errors)
+    say(arguments.scriptName() + ":" + std::to_string(error.line) + ": " + error.reason);
+  if (!errors.empty()) say("nothing was run");
+  return errors.empty();
+}
+
+bool outputsAreApart(const EditArguments& arguments) {
+  const std::string& changes = arguments.changesFile;
+  if (changes.empty()) return true;
+  for (const std::string& other : {arguments.file, arguments.newFile, arguments.script})
+    if (!other.empty() && isSameFile(changes, other)) {
+      say("--out " + changes + " would overwrite " + other);
+      return false;
+    }
+  return true;
+}
+
+int run(const Tool& tool, const EditArguments& arguments) {
+  std::vector<ScriptOperation> operations;
+  if (!outputsAreApart(arguments) || !readScript(arguments, operations)) return exitFailure;
+  StudySession study;
+  if (!openStudy(study, arguments.file, tool.session)) return exitFailure;
+  if (!study.builtWhole()) {
+    say("nothing was run");
+    return exitFailure;
+  }
+  IXMLDOMDocument changes;
+  if (!arguments.changesFile.empty()) {
+    changes = IXMLDOMDocument::create();
+    study.wrapper().setOutDocument(changes);
+  }
+
+  const EditOutcome outcome = runEdits(study, operations, arguments.keepGoing, std::cout);
+  if (outcome.refused) {
+    std::string message = arguments.scriptName() + ":" + std::to_string(outcome.refusedLine) +
+                          ": refused: " + printable(outcome.refusedReason);
+    if (outcome.refused > 1) message += " (and " + std::to_string(outcome.refused - 1) + " more)";
+    say(message);
+    if (!arguments.keepGoing) {
+      say("the script was stopped; nothing is saved");
+      return exitFindings;
+    }
+  }
+  if (arguments.studyFile().empty()) say("the study is not saved: give -o NEW or --in-place to save it");
+
+  const Progress progress("saving");
+  std::string error;
+  if (!saveFiles(study, arguments.studyFile(), changes, arguments.changesFile, error)) {
+    say(error);
+    return exitFailure;
+  }
+  return outcome.refused ? exitFindings : exitSuccess;
+}
+
+std::string help() {
+  std::string text =
+      "SCRIPT has one operation per line; - reads standard input. Words are parted by blanks; a word in\n"
+      "double quotes may hold blanks, and \\\" \\\\ \\n \\t. # starts a comment.\n\n"
+      "Operations:\n";
+  std::size_t width = 0;
+  for (const EditOperation& operation : editOperations()) width = std::max(width, operation.usage().size());
+  for (const EditOperation& operation : editOperations()) {
+    std::string usage = operation.usage();
+    usage.resize(width + 2, ' ');
+    text.append("  ").append(usage).append(operation.does).append("\n");
+  }
+  return text +
+         "\nLengths are in the unit of the study, angles in radians. Each operation prints one line of "
+         "JSON.\n"
+         "A refused operation stops the script and nothing is saved, unless --keep-going says otherwise.\n\n"
+         "Example: echo 'rename GRIPPER_1 \"Gripper, left\"' | zelstudy edit cell.xml - -o new.xml";
+}
+
+}  // namespace
+
+void addEditCommand(CLI::App& app, Tool& tool) {
+  CLI::App* command = app.add_subcommand("edit", "Run a script of edits on a study");
+  command->footer(help());
+  const auto arguments = std::make_shared<EditArguments>();
+  command->add_option("FILE", arguments->file, "The study")->required()->type_name("");
+  command->add_option("SCRIPT", arguments->script, "The script")->required()->type_name("");
+  CLI::Option* output =
+      command->add_option("-o,--output", arguments->newFile, "Save the study here")->type_name("NEW");
+  command->add_flag("--in-place", arguments->inPlace, "Save the study where it came from")->excludes(output);
+  command->add_option("--out", arguments->changesFile, "Save the changes here, as commands")
+      ->type_name("OUT");
+  command->add_flag("--keep-going", arguments->keepGoing, "Go on, and save, after a refused operation");
+  addCommonOptions(*command, tool);
+  command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });
+}
+
+}  // namespace zelstudy

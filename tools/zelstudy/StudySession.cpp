@@ -1,0 +1,109 @@
+#include "zelstudy/StudySession.h"
+
+#include "api/ApiPmSessionManager.h"
+#include "wrapper/zelXmlInit.h"
+#include "zel/ZelWrapperFactory.h"
+#include "zelstudy/Progress.h"
+#include "zelstudy/Tool.h"
+
+namespace zelstudy {
+
+StudySession::StudySession() {
+  zelXmlInit();
+  formerSink_ = apiErr.setSink([this](const ApiErrEntry& entry) { messages_.push_back(entry); });
+}
+
+StudySession::~StudySession() {
+  owned_.reset();
+  ApiPmSessionManager::the().setImportedDocumentAndDocRef({}, {});
+  apiErr.setSink(std::move(formerSink_));
+}
+
+bool StudySession::open(const std::string& fileName, const SessionSettings& settings, std::string& error) {
+  fileName_ = fileName;
+  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  {
+    const Progress progress("opening " + fileName);
+    DomError reason;
+    if (!document.load(fileName, &reason)) {
+      error = reason.message();
+      return false;
+    }
+  }
+  IXMLDOMNode section;
+  if (!document.selectSingleNode("Data/Objects", section)) {
+    error = fileName + ": no study: the document has no Objects under a root Data";
+    return false;
+  }
+
+  const Progress progress("building " + fileName);
+  ApiPmSessionManager& session = ApiPmSessionManager::the();
+  session.setImportedDocumentAndDocRef(document, {fileName});
+  session.mode = 2;
+  settings.apply(session);
+  owned_.reset(ZelWrapperFactory::the().create(0));
+  wrapper_ = dynamic_cast<ZelXmlWrapper*>(owned_.get());
+  if (!wrapper_) {
+    error = fileName + ": there is no wrapper for studies in XML";
+    return false;
+  }
+  builtWhole_ = wrapper_->read();
+  settings.apply(session);  // the study's own session data came with the read
+  return true;
+}
+
+std::size_t StudySession::objectCount() const {
+  IXMLDOMNodeList objects;
+  wrapper_->DOMDocument().selectNodes("Data/Objects/*", objects);
+  return static_cast<std::size_t>(objects.length());
+}
+
+namespace {
+
+bool findElement(const IXMLDOMDocument& document, const ApiPmId& id, IXMLDOMElement& element) {
+  return ApiPmSessionManager::the().cachedDocument().getNodeById(document, id, element, true);
+}
+
+std::string quoted(const ApiPmId& id) { return "\"" + id.asString() + "\""; }
+
+std::string nameElement(const IXMLDOMElement& element, const ApiPmId& id) {
+  std::string text = std::string(element.tagName()) + " " + quoted(id);
+  if (element.line()) text += ", line " + std::to_string(element.line());
+  return text;
+}
+
+}  // namespace
+
+std::string StudySession::describe(const ApiPmId& id) const {
+  IXMLDOMElement element;
+  return findElement(wrapper_->DOMDocument(), id, element) ? nameElement(element, id) : quoted(id);
+}
+
+std::string StudySession::whyNoNode(const ApiPmId& id) const {
+  IXMLDOMElement element;
+  if (!findElement(wrapper_->DOMDocument(), id, element)) return "no object has the id " + quoted(id);
+  return nameElement(element, id) + ", is an object without a node";
+}
+
+bool StudySession::save(const std::string& fileName, std::string& error) const {
+  if (wrapper_->write(fileName)) return true;
+  // The wrapper tells no reason. The session's data stand in the document by now: saving that once more
+  // finds the reason, or does what failed for a moment.
+  DomError reason;
+  if (wrapper_->DOMDocument().save(fileName, &reason)) return true;
+  error = reason.message();
+  return false;
+}
+
+bool openStudy(StudySession& study, const std::string& fileName, const SessionSettings& settings) {
+  std::string error;
+  if (!study.open(fileName, settings, error)) {
+    say(error);
+    return false;
+  }
+  if (!study.builtWhole())
+    say(fileName + ": the study could not be built whole: nodes or variant sets may be missing");
+  return true;
+}
+
+}  // namespace zelstudy

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "api/ApiErrStream.h"
+#include "dom/IXMLDOMDocument.h"
+#include "wrapper/ZelXmlWrapper.h"
+#include "zelstudy/SessionSettings.h"
+
+namespace zelstudy {
+
+// One study, opened: its document stands in the session, its nodes in a wrapper. One at a time per process,
+// since the session is the process's. Messages of the library are collected while the object lives.
+class StudySession {
+ public:
+  StudySession();
+  ~StudySession();
+  StudySession(const StudySession&) = delete;
+  StudySession& operator=(const StudySession&) = delete;
+
+  // Opens a study with a session of mode 2 and what `settings` says. What a study keeps of a session is read
+  // from it; a member that `settings` names stays as it was given. False, with the reason in `error`, for a
+  // file that cannot be read and a document without Data/Objects.
+  bool open(const std::string& fileName, const SessionSettings& settings, std::string& error);
+
+  // False when a part of the study could not be built: nodes may be missing then, and the session data of the
+  // study have not been read.
+  bool builtWhole() const { return builtWhole_; }
+
+  ZelXmlWrapper& wrapper() const { return *wrapper_; }
+  const std::string& fileName() const { return fileName_; }
+  ZelNode* find(const ApiPmId& id) const { return wrapper_->getZelNodeFromId(id); }
+  // Object elements: children of all Data/Objects.
+  std::size_t objectCount() const;
+  // Which element an id names, for messages: `class "id", line 12`, or `"id"` for one that names nothing.
+  std::string describe(const ApiPmId& id) const;
+  // Why an id has no node: it names nothing, or an object of a kind that has none.
+  std::string whyNoNode(const ApiPmId& id) const;
+
+  const std::vector<ApiErrEntry>& messages() const { return messages_; }
+
+  // Saves the study with the session's data in it; all or nothing.
+  bool save(const std::string& fileName, std::string& error) const;
+
+ private:
+  std::unique_ptr<ZelWrapper> owned_;
+  ZelXmlWrapper* wrapper_ = nullptr;
+  std::string fileName_;
+  bool builtWhole_ = false;
+  std::vector<ApiErrEntry> messages_;
+  ApiErrStream::Sink formerSink_;
+};
+
+// Opens a study for a command, with messages for people: why it could not be opened, and how many messages
+// came up. False: the command ends with exitFailure.
+bool openStudy(StudySession& study, const std::string& fileName, const SessionSettings& settings);
+
+}  // namespace zelstudy
