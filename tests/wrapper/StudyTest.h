@@ -56,6 +56,12 @@ class StudyTest : public DocumentTest {
     wrapper.reset();
     apiErr.setSink(nullptr);
     session().deleteMode = 0;
+    session().userName.clear();
+    session().projectId = {};
+    session().projectInternalId = {};
+    session().projectName.clear();
+    session().rootNodeId.clear();
+    session().variantFilter = 0;
     DocumentTest::TearDown();
   }
 
