@@ -39,6 +39,9 @@ class ApiPmId {
   // A deterministic hash of the text.
   std::size_t hash() const noexcept { return entry_ ? entry_->hash : 0; }
 
+  // Equal for equal ids and for no others while they live: a key for tables whose order nobody sees.
+  const void* identity() const noexcept { return entry_; }
+
   friend bool operator==(const ApiPmId& a, const ApiPmId& b) noexcept { return a.entry_ == b.entry_; }
   friend bool operator<(const ApiPmId& a, const ApiPmId& b) noexcept { return a.text() < b.text(); }
   void swap(ApiPmId& other) noexcept { std::swap(entry_, other.entry_); }

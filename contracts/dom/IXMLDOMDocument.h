@@ -25,6 +25,8 @@ class IXMLDOMDocument : public IXMLDOMNode {
   IXMLDOMDocument() noexcept = default;
   IXMLDOMDocument(const IXMLDOMNode& node) noexcept  // NOLINT(google-explicit-constructor)
       : IXMLDOMNode(node.nodeType() == NODE_DOCUMENT ? node : IXMLDOMNode()) {}
+  IXMLDOMDocument(IXMLDOMNode&& node) noexcept  // NOLINT(google-explicit-constructor)
+      : IXMLDOMNode(node.nodeType() == NODE_DOCUMENT ? std::move(node) : IXMLDOMNode()) {}
 
   // A new empty document.
   static IXMLDOMDocument create();

@@ -8,6 +8,8 @@ class IXMLDOMElement : public IXMLDOMNode {
   IXMLDOMElement() noexcept = default;
   IXMLDOMElement(const IXMLDOMNode& node) noexcept  // NOLINT(google-explicit-constructor)
       : IXMLDOMNode(node.nodeType() == NODE_ELEMENT ? node : IXMLDOMNode()) {}
+  IXMLDOMElement(IXMLDOMNode&& node) noexcept  // NOLINT(google-explicit-constructor)
+      : IXMLDOMNode(node.nodeType() == NODE_ELEMENT ? std::move(node) : IXMLDOMNode()) {}
 
   std::string_view tagName() const noexcept { return nodeName(); }
 };

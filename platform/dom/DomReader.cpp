@@ -23,7 +23,7 @@ std::string_view view(const xmlChar* text) noexcept {
 // interface), so that prefixes and namespace declarations are plain text to us. The parser pulls its bytes:
 // it then gives a comment or a CDATA section in one piece.
 //
-// The events are C functions of libxml2: no exception leaves them, it is kept and thrown again at the end.
+// The events are called from C: no exception leaves them, it ends the reading.
 class Reader {
  public:
   Reader(ByteSource& source, DocumentNode* document, DomError& error)
@@ -88,7 +88,12 @@ class Reader {
 int Reader::readBytes(void* data, char* to, int size) {
   Reader& reader = self(data);
   if (reader.failed_) return -1;
-  const std::ptrdiff_t got = reader.source_.read(to, static_cast<std::size_t>(size));
+  std::ptrdiff_t got = -1;
+  try {
+    got = reader.source_.read(to, static_cast<std::size_t>(size));
+  } catch (const std::exception& thrown) {  // by a stream that was told to
+    reader.source_.reason = thrown.what();
+  }
   if (got < 0) {
     reader.fail(0, 0, reader.source_.reason);
     return -1;

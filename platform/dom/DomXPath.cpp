@@ -18,8 +18,8 @@ namespace {
 class Cache {
  public:
   const Path* get(std::string_view xpath) {
-    Short& near =
-        shorts_[(reinterpret_cast<std::uintptr_t>(xpath.data()) ^ xpath.size() * 0x9E37u) % shorts_.size()];
+    const std::uint64_t key = reinterpret_cast<std::uintptr_t>(xpath.data()) + xpath.size();
+    Short& near = shorts_[key * 0x9E3779B97F4A7C15u >> 57];
     if (near.entry != nullptr && near.data == xpath.data() && near.entry->text == xpath) return near.path();
     const auto known = entries_.find(xpath);
     if (known != entries_.end()) {
@@ -52,7 +52,7 @@ class Cache {
     const Path* path() const { return entry->good ? &entry->path : nullptr; }
   };
   std::unordered_map<std::string_view, std::unique_ptr<Entry>> entries_;
-  std::array<Short, 128> shorts_;
+  std::array<Short, 128> shorts_;  // by 7 bits
 };
 
 // Never destroyed, like the names.

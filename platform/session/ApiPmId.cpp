@@ -39,8 +39,9 @@ std::uint64_t hashOf(std::string_view text) noexcept {
 
 }  // namespace
 
-// All texts in use: open hashing, a power of two of slots, never more entries than slots. It is set up before
-// any code runs and never taken down, so that ids may stand in statics. It never shrinks.
+// All texts in use: open hashing, a power of two of slots, at most half as many entries: every entry that a
+// look-up walks past is a miss of the processor's cache. It is set up before any code runs and never taken
+// down, so that ids may stand in statics. It never shrinks.
 struct ApiPmIdTable {
   using Entry = ApiPmId::Entry;
 
@@ -58,7 +59,7 @@ struct ApiPmIdTable {
 
   Entry* add(std::string_view text, std::uint64_t hash) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
-    if (!slots || count > mask) grow();
+    if (!slots || count > mask / 2) grow();
     void* memory = std::malloc(sizeof(Entry) + text.size());
     if (!memory) throw std::bad_alloc();
     auto* entry = new (memory) Entry{slots[hash & mask], hash, 0, static_cast<std::uint32_t>(text.size())};
@@ -77,7 +78,7 @@ struct ApiPmIdTable {
   }
 
   void grow() {
-    const std::size_t size = slots ? (mask + 1) * 2 : 1024;
+    const std::size_t size = slots ? (mask + 1) * 4 : 4096;
     auto* bigger = static_cast<Entry**>(std::calloc(size, sizeof(Entry*)));
     if (!bigger) throw std::bad_alloc();
     for (std::size_t i = 0; slots && i <= mask; ++i) {

@@ -13,7 +13,7 @@ struct ApiPmXmlCachedDocument::Index {
     std::string_view text;
     if (!element.getAttribute("ExternalId", text)) return;
     const ApiPmId id(text);
-    if (holds(id) && !elements.find(id)) elements.put(id, element);
+    if (holds(id)) elements.putFirst(id, element);
   }
   void addChildrenOf(const IXMLDOMElement& section) {
     for (auto child = section.firstElementChild(); child; child = child.nextElementSibling()) addFirst(child);

@@ -33,6 +33,16 @@ class IdMap {
     slot.second = std::move(value);
   }
 
+  // Puts `value` under `key` unless there is one.
+  void putFirst(const Key& key, Value value) {
+    if (count_ * 4 >= slots_.size() * 3) grow();
+    Slot& slot = slots_[position(key)];
+    if (!isFree(slot)) return;
+    ++count_;
+    slot.first = key;
+    slot.second = std::move(value);
+  }
+
   bool remove(const Key& key) noexcept {
     if (count_ == 0) return false;
     std::size_t hole = position(key);
@@ -72,8 +82,16 @@ class IdMap {
     }
   }
   std::size_t mask() const noexcept { return slots_.size() - 1; }
+  // Ids by address: moving them on growth then reads no text. The product spreads addresses and numbers
+  // alike.
   std::size_t home(const Key& key) const noexcept {
-    return static_cast<std::size_t>(std::uint64_t{std::hash<Key>{}(key)} * 0x9e3779b97f4a7c15ULL >> shift_);
+    std::uint64_t number;
+    if constexpr (std::is_same_v<Key, ApiPmId>) {
+      number = reinterpret_cast<std::uintptr_t>(key.identity());
+    } else {
+      number = std::hash<Key>{}(key);
+    }
+    return static_cast<std::size_t>(number * 0x9e3779b97f4a7c15ULL >> shift_);
   }
   // The slot of the key, or the free one where it would go.
   std::size_t position(const Key& key) const noexcept {

@@ -33,6 +33,9 @@ TEST(DocumentNumbers, DoublesAreReadUpToWhatIsNoNumber) {
                {"0.25 7", .25},
                {"99999999999", 99999999999}};
   for (const auto& c : cases) EXPECT_EQ(zelXmlParseDouble(c.text), c.value) << '"' << c.text << '"';
+  const std::string zeros(400, '0');
+  EXPECT_EQ(zelXmlParseDouble("1" + zeros + "e-10"), most);
+  EXPECT_EQ(zelXmlParseDouble("0." + zeros + "1e10"), 0);
 }
 
 TEST(DocumentNumbers, IntegersAreReadUpToWhatIsNoNumberAndClamped) {

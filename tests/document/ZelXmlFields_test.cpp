@@ -86,7 +86,7 @@ TEST(DocumentFields, ListWritersReuseTheFieldOnlyWhenTold) {
   EXPECT_EQ(texts, (ZelXmlList<std::string>{"before", "x", "", "y", "1.500000"}));
 }
 
-TEST(DocumentFields, ListsOnAPathAreReadToo) {
+TEST(DocumentFields, ListsAreReadByNameAndByPath) {
   const IXMLDOMDocument document =
       parse("<a><g><n>0</n><l><item>1</item><x>2</x><item> 3</item></l></g></a>");
   ZelXmlList<double> numbers;
@@ -95,6 +95,8 @@ TEST(DocumentFields, ListsOnAPathAreReadToo) {
   EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a"), "g/absent", numbers));
   EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a"), "absent", numbers));
   EXPECT_EQ(numbers.entries(), 2U);
+  EXPECT_TRUE(zelXmlGetDoubleList(at(document, "a/g"), "l", numbers));
+  EXPECT_EQ(numbers, (ZelXmlList<double>{1, 3, 1, 3}));
 }
 
 TEST(DocumentFields, IdListsHoldEachIdOnceButKeepWhatTheyHeld) {
