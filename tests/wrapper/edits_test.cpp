@@ -62,6 +62,15 @@ TEST_F(EditsTest, NothingMovesUnderItselfOrBelow) {
   EXPECT_EQ(updated() + deleted(), "");
 }
 
+TEST_F(EditsTest, ListsThatDisagreeMakeNoCycleEither) {
+  // Only A's list names B: going up from B finds nothing.
+  build(part("A", "", item("B")) + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
+        layout("LB", "B", "NULL", "", 0, 0));
+  wrapper->relevantParentFinder().removeRelevantParent(ApiPmId("B"));
+  EXPECT_FALSE(collection("B")->moveChild(node("A")));
+  EXPECT_EQ(list("B", "children"), "");
+}
+
 TEST_F(EditsTest, LocationsAreThoseOfParentStudyOrDocument) {
   RTTran3D location;
   EXPECT_TRUE(physical("P")->getLocation(location) && location == at(1));

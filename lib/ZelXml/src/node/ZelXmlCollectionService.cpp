@@ -38,28 +38,46 @@ bool zelXmlDetachLayout(const IXMLDOMDocument& document, const IXMLDOMDocument& 
   return out ? zelXmlRemoveChildAndPublish(out, parent, id) : zelXmlRemoveChildItem(parent, id);
 }
 
-// Whether `id` is this collection or stands above it, by any of the parents that the objects on the way name.
-bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
-  ZelXmlWrapper& wrapper = *owner().getWrapper();
-  const IXMLDOMDocument document = wrapper.DOMDocument();
-  ApiPmId own;
-  if (!owner().getExternalId(own)) return false;
-  std::vector<ApiPmId> waiting{own};
-  std::unordered_set<ApiPmId> seen{own};
+namespace {
+
+// Whether a walk from one object comes to another, each step going to the ids that `next` appends.
+template <class Next>
+bool leadsTo(const ApiPmId& from, const ApiPmId& to, Next next) {
+  std::vector<ApiPmId> waiting{from};
+  std::unordered_set<ApiPmId> seen{from};
   while (!waiting.empty()) {
     const ApiPmId current = waiting.back();
     waiting.pop_back();
-    if (current == id) return true;
-    ApiPmIdList parents;
-    IXMLDOMNode element;
-    ApiPmId relevant;
-    if (zelXmlFindNodeById(document, current, element)) zelXmlGetParentItemIds(element, parents);
-    if (wrapper.relevantParentFinder().findRelevantParent(current, relevant)) parents.append(relevant);
-    for (const ApiPmId& parent : parents) {
-      if (seen.insert(parent).second) waiting.push_back(parent);
+    if (current == to) return true;
+    ApiPmIdList ids;
+    next(current, ids);
+    for (const ApiPmId& id : ids) {
+      if (seen.insert(id).second) waiting.push_back(id);
     }
   }
   return false;
+}
+
+}  // namespace
+
+// Whether `id` is this collection or stands above it: by any parent that the objects on the way up name, or
+// by any child that those on the way down name, since the lists of a document need not agree.
+bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
+  const ZelXmlWrapper& wrapper = *owner().getWrapper();
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  ApiPmId own;
+  if (!owner().getExternalId(own)) return false;
+  const auto parents = [&](const ApiPmId& of, ApiPmIdList& ids) {
+    IXMLDOMNode element;
+    ApiPmId relevant;
+    if (zelXmlFindNodeById(document, of, element)) zelXmlGetParentItemIds(element, ids);
+    if (wrapper.relevantParentFinder().findRelevantParent(of, relevant)) ids.append(relevant);
+  };
+  const auto children = [&](const ApiPmId& of, ApiPmIdList& ids) {
+    IXMLDOMNode element;
+    if (zelXmlFindNodeById(document, of, element)) zelXmlGetChildIds(element, ids);
+  };
+  return leadsTo(own, id, parents) || leadsTo(id, own, children);
 }
 
 bool ZelXmlCollectionService::removeChild(const ApiPmId& child) {
