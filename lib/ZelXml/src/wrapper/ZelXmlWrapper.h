@@ -63,6 +63,33 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool findShortcut(const ApiPmId& id, ApiPmId& shortcut) const override;
   IXMLDOMDocument DOMDocument() override;
   IXMLDOMDocument DOMDocument() const { return const_cast<ZelXmlWrapper*>(this)->DOMDocument(); }
+  // Folds the update document in as the new truth for the objects that it holds: new objects are added, those
+  // of the families Product, Resource, Study and PLCProgram replaced, and children that a new version no
+  // longer names, and that the update holds nowhere, removed. Objects of other families that exist already
+  // keep their old element. `updated` gets the id of every object of the update, in document order, a null id
+  // for one without; `deleted` the ids whose nodes went. Both are appended to. Nothing is published; roots
+  // are gathered anew.
+  //
+  // Node pointers survive: a node takes a copy of the new element. The nodes of PLC elements inside a
+  // replaced object do not follow: they stay tied to the old element, and new ones get no node until the next
+  // build.
+  //
+  // False when the referenced files cannot be prepared (nothing has changed then), or when a child to remove
+  // cannot be found: the removals end there, with everything else done. What a removed child leaves: its
+  // layout, its own children, and the shortcut finder's entry of a shortcut.
+  bool update(ApiPmIdList& deleted, ApiPmIdList& updated, bool download) override;
+  bool update(ApiPmIdList& deleted, bool download);
+  bool update(bool download);
+  // Adds what is new and replaces the study object; everything else stays. `updated` gets the ids of the
+  // update's objects that have a node. False when the referenced files cannot be prepared.
+  bool incrementalUpdate(ApiPmIdList& updated, bool download) override;
+  bool incrementalUpdate(bool download);
+  // Puts `element` itself in the place of an object; its node, if any, takes it. False for an unknown id.
+  bool replaceDOMDocumentNode(const ApiPmId& id, const IXMLDOMElement& element) override;
+  // Takes the 3D representation ids of these objects, and the file ids of the representations, over from the
+  // update document. Ids that it does not hold are passed over. Stops at the first field that cannot be
+  // written.
+  bool update3DRepId(ApiPmIdList& ids) override;
   // Takes the index of the former update document back, and indexes the new one, which joins the fields
   // cache.
   void setUpdateDocument(const IXMLDOMDocument& document) override;
@@ -146,6 +173,20 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool createOutDocumentNode(const IXMLDOMDocument& document, std::string_view command, IXMLDOMNode& node);
 
  private:
+  // What one full update remembers of the objects that it met.
+  struct UpdateRun;
+  void updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& run);
+  void updateXmlNodeIncremental(const IXMLDOMNode& familyElement, ApiPmId& id);
+  bool updateExistingXmlNode(const IXMLDOMNode& replacement, const IXMLDOMNode& old);
+  bool updateExistingXmlNodeAsNew(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
+                                  std::string_view family);
+  bool appendNewXmlNode(const IXMLDOMNode& element, std::string_view family);
+  bool accumulateMissingChildren(const IXMLDOMNode& replacement, const IXMLDOMNode& old, UpdateRun& run);
+  bool addNewChildToExistingParent(const IXMLDOMNode& element);
+  bool addNewChildToExistingParentIncremental(const IXMLDOMNode& element);
+  bool removeMissingNodes(const UpdateRun& run, ApiPmIdList& deleted);
+  bool transferReference(std::string_view field, const IXMLDOMNode& from, const IXMLDOMNode& to);
+
   void clear();
   bool preBuild(const IXMLDOMDocument& document, bool download);
   bool collectToolInstanceMasterObjects(const IXMLDOMDocument& document);

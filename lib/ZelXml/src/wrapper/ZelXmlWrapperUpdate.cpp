@@ -1,0 +1,249 @@
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "api/ApiPmSessionManager.h"
+#include "api/ApiPmXmlCacheDocumentMgr.h"
+#include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNode.h"
+#include "wrapper/ZelXmlWrapper.h"
+
+// New data of the data store, folded into a built study. The update document is only read.
+
+struct ZelXmlWrapper::UpdateRun {
+  std::vector<std::string> missing;  // children that an old element had and its new version has not
+  std::vector<std::string> seen;     // ids of the update document, in its order
+  std::unordered_set<std::string> seenIds;
+};
+
+namespace {
+
+// The object element of a NodeInfo/family element.
+IXMLDOMNode objectOf(const IXMLDOMNode& familyElement) { return familyElement.parentNode().parentNode(); }
+
+}  // namespace
+
+bool ZelXmlWrapper::update(bool download) {
+  ApiPmIdList deleted;
+  return update(deleted, download);
+}
+
+bool ZelXmlWrapper::update(ApiPmIdList& deleted, bool download) {
+  ApiPmIdList updated;
+  return update(deleted, updated, download);
+}
+
+bool ZelXmlWrapper::update(ApiPmIdList& deleted, ApiPmIdList& updated, bool download) {
+  bool result = preBuild(updateDocument_, download);
+  IXMLDOMNodeList families;
+  if (!result || !zelXmlSelectChildren(updateDocument_, "Data/Objects/*/NodeInfo/family", families)) {
+    return result;
+  }
+  UpdateRun run;
+  for (const IXMLDOMNode& family : families) updateXmlNode(family, run);
+  result = removeMissingNodes(run, deleted);
+  refreshRoots();
+  for (const std::string& id : run.seen) updated.append(ApiPmId(id));
+  return result;
+}
+
+void ZelXmlWrapper::updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& run) {
+  const IXMLDOMNode replacement = objectOf(familyElement);
+  if (!replacement) return;
+  std::string idText;
+  const bool hasId = zelXmlGetExternalId(replacement, idText);
+  run.seen.push_back(idText);
+  run.seenIds.insert(idText);
+  if (!hasId) return;
+  std::string buffer;
+  const std::string_view family = familyElement.textView(buffer);
+  const ApiPmId id(idText);
+  if (!cachedDOMDocument().isNodeCached(id)) {
+    if (appendNewXmlNode(replacement, family)) addNewChildToExistingParent(replacement);
+    return;
+  }
+  IXMLDOMElement old;
+  if (!cachedDOMDocument().getNodeById(DOMDocument(), id, old, true) || !zelXmlIsMainFamily(family)) return;
+  ZelXmlNode* node = zelXmlNodeFromId(id);
+  if (!node) {
+    updateExistingXmlNodeAsNew(replacement, old, family);
+  } else if (accumulateMissingChildren(replacement, old, run)) {
+    node->updateElement(replacement);
+  }
+}
+
+bool ZelXmlWrapper::appendNewXmlNode(const IXMLDOMNode& element, std::string_view family) {
+  IXMLDOMNode clone;
+  if (!zelXmlAppendObjectClone(DOMDocument(), element, clone)) return false;
+  handleNodeCreation(clone, family);
+  return true;
+}
+
+bool ZelXmlWrapper::updateExistingXmlNodeAsNew(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
+                                               std::string_view family) {
+  IXMLDOMNode clone;
+  if (!zelXmlReplaceObject(cachedDOMDocument(), old, replacement, clone)) return false;
+  handleNodeCreation(clone, family);
+  return true;
+}
+
+bool ZelXmlWrapper::updateExistingXmlNode(const IXMLDOMNode& replacement, const IXMLDOMNode& old) {
+  ApiPmId id;
+  if (!zelXmlGetExternalId(replacement, id)) return false;
+  if (ZelXmlNode* node = zelXmlNodeFromId(id)) return node->replaceElement(replacement);
+  IXMLDOMNode clone;
+  if (!zelXmlReplaceObject(cachedDOMDocument(), old, replacement, clone)) return false;
+  ApiPmSessionManager::the().cacheNode(DOMDocument(), id, clone);
+  return true;
+}
+
+bool ZelXmlWrapper::accumulateMissingChildren(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
+                                              UpdateRun& run) {
+  IXMLDOMNodeList newItems;
+  IXMLDOMNodeList oldItems;
+  if (!zelXmlSelectChildren(replacement, "children/item", newItems) ||
+      !zelXmlSelectChildren(old, "children/item", oldItems)) {
+    return false;
+  }
+  std::unordered_set<std::string> kept;
+  for (const IXMLDOMNode& item : newItems) kept.insert(item.text());
+  for (const IXMLDOMNode& item : oldItems) {
+    std::string text = item.text();
+    if (!kept.count(text)) run.missing.push_back(std::move(text));
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::addNewChildToExistingParent(const IXMLDOMNode& element) {
+  ApiPmId id;
+  ZelNode* node = zelXmlGetExternalId(element, id) ? getZelNodeFromId(id) : nullptr;
+  if (!node) return true;
+  if (node->type() == ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE) {
+    std::string parent;
+    return !zelXmlGetParentPrototype(element, parent) || refreshParentWithNewChild(ApiPmId(parent), node);
+  }
+  IXMLDOMNodeList parents;
+  if (!zelXmlSelectChildren(element, "parents/item", parents)) return true;
+  for (const IXMLDOMNode& parent : parents) {
+    if (!refreshParentWithNewChild(ApiPmId(parent.text()), node)) return false;
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::removeMissingNodes(const UpdateRun& run, ApiPmIdList& deleted) {
+  for (const std::string& text : run.missing) {
+    if (run.seenIds.count(text)) continue;  // it moved
+    const ApiPmId id(text);
+    IXMLDOMElement element;
+    if (!cachedDOMDocument().getNodeById(DOMDocument(), id, element, true) ||
+        !zelXmlRemoveCachedElement(cachedDOMDocument(), element)) {
+      return false;
+    }
+    if (!getZelNodeFromId(id)) continue;
+    removeAndDeleteNodeObject(id);
+    deleted.append(id);
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::incrementalUpdate(bool download) {
+  ApiPmIdList updated;
+  return incrementalUpdate(updated, download);
+}
+
+bool ZelXmlWrapper::incrementalUpdate(ApiPmIdList& updated, bool download) {
+  const bool prepared = preBuild(updateDocument_, download);
+  collectToolInstanceMasterObjects(updateDocument_);
+  IXMLDOMNodeList families;
+  if (!prepared || !zelXmlSelectChildren(updateDocument_, "Data/Objects/*/NodeInfo/family", families)) {
+    return prepared;
+  }
+  for (const IXMLDOMNode& family : families) {
+    ApiPmId id;
+    updateXmlNodeIncremental(family, id);
+    if (!id.isNull()) updated.append(id);
+  }
+  refreshRoots();
+  return prepared;
+}
+
+void ZelXmlWrapper::updateXmlNodeIncremental(const IXMLDOMNode& familyElement, ApiPmId& id) {
+  const IXMLDOMNode element = objectOf(familyElement);
+  ApiPmId own;
+  if (!zelXmlGetExternalId(element, own)) return;
+  std::string buffer;
+  const std::string_view family = familyElement.textView(buffer);
+  IXMLDOMElement old;
+  if (!cachedDOMDocument().isNodeCached(own)) {
+    if (appendNewXmlNode(element, family)) addNewChildToExistingParentIncremental(element);
+  } else if (family == "Study" && cachedDOMDocument().getNodeById(DOMDocument(), own, old, true)) {
+    updateExistingXmlNode(element, old);
+  }
+  if (getZelNodeFromId(own)) id = own;
+}
+
+bool ZelXmlWrapper::addNewChildToExistingParentIncremental(const IXMLDOMNode& element) {
+  IXMLDOMNodeList parents;
+  ApiPmId id;
+  if (!zelXmlSelectChildren(element, "parents/item", parents) || !zelXmlGetExternalId(element, id))
+    return true;
+  ZelNode* node = getZelNodeFromId(id);
+  if (!node) return true;
+  for (const IXMLDOMNode& item : parents) {
+    ZelXmlNode* parent = zelXmlNodeFromId(ApiPmId(item.text()));
+    if (parent && !parent->addChild(node)) return false;
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::replaceDOMDocumentNode(const ApiPmId& id, const IXMLDOMElement& element) {
+  IXMLDOMNode old;
+  IXMLDOMNode section;
+  if (!zelXmlFindNodeById(DOMDocument(), id, old) || !zelXmlGetObjectsSection(DOMDocument(), section) ||
+      !zelXmlAppendChild(section, element)) {
+    return false;
+  }
+  if (ZelXmlNode* node = zelXmlNodeFromId(id)) node->setXmlNode(element);
+  return cachedDOMDocument().replaceCachedNode(DOMDocument(), id, element) && zelXmlRemoveChild(section, old);
+}
+
+bool ZelXmlWrapper::update3DRepId(ApiPmIdList& ids) {
+  for (const ApiPmId& id : ids) {
+    IXMLDOMNode element;
+    IXMLDOMNode update;
+    if (!zelXmlFindNodeById(DOMDocument(), id, element) || !zelXmlFindNodeById(updateDocument_, id, update)) {
+      continue;
+    }
+    if (!transferReference("threeDRep", update, element)) return false;
+    IXMLDOMNode rep;
+    IXMLDOMNode updateRep;
+    if (zelXmlGetReferencedNode(DOMDocument(), element, "threeDRep", rep) &&
+        zelXmlGetReferencedNode(updateDocument_, update, "threeDRep", updateRep) &&
+        !transferReference("file", updateRep, rep)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::transferReference(std::string_view field, const IXMLDOMNode& from,
+                                      const IXMLDOMNode& to) {
+  IXMLDOMNode source;
+  IXMLDOMNode target;
+  std::string newText;
+  if (!zelXmlSelectChild(from, field, source) || !zelXmlGetText(source, newText) || newText.empty())
+    return true;
+  if (zelXmlSelectChild(to, field, target)) {
+    const ApiPmId oldId(target.text());
+    return !cachedDOMDocument().replaceCachedNodeId(oldId, ApiPmId(newText)) ||
+           zelXmlSetText(target, newText);
+  }
+  // A copy: the update document keeps its field. The object that it names comes along.
+  ApiPmXmlCachedDocument* cached = nullptr;
+  IXMLDOMElement named;
+  const IXMLDOMNode copy = source.cloneNode(true);
+  return zelXmlAppendChild(to, copy) &&
+         (!ApiPmXmlCacheDocumentMgr::the().getCachedDocument(updateDocument_, cached) ||
+          !cached->getNodeById(updateDocument_, ApiPmId(newText), named, true) ||
+          zelXmlPublishUpdate(DOMDocument(), named));
+}
