@@ -28,6 +28,23 @@ TEST_F(DocumentListEdits, AnIdStandsOnceInAList) {
             "<item>b</item></parents><parent>q</parent></P>");
 }
 
+// Long lists are remembered between calls: whoever changes them besides must not go unseen.
+TEST_F(DocumentListEdits, LongListsAreKnownAsTheyStand) {
+  const IXMLDOMNode p = element("p");
+  const auto id = [](int i) { return ApiPmId("n" + std::to_string(i)); };
+  for (int i = 0; i < 200; ++i) ASSERT_TRUE(zelXmlAddChildItem(p, id(i)) && zelXmlAddChildItem(p, id(i)));
+  IXMLDOMNodeList items;
+  ASSERT_TRUE(p.selectNodes("children/item", items));
+  EXPECT_EQ(items.length(), 201);
+  EXPECT_TRUE(zelXmlContainsChild(p, id(150)));
+  EXPECT_TRUE(items.item(151).putText("other"));
+  EXPECT_FALSE(zelXmlContainsChild(p, id(150)));
+  EXPECT_TRUE(zelXmlContainsChild(p, ApiPmId("other")));
+  EXPECT_TRUE(zelXmlRemoveChildItem(p, id(10)));
+  EXPECT_FALSE(zelXmlContainsChild(p, id(10)));
+  EXPECT_TRUE(zelXmlAddChildItem(p, id(10)) && zelXmlContainsChild(p, id(10)));
+}
+
 TEST_F(DocumentListEdits, RemovingWhatIsNotThereIsTrueForChildrenAndFalseForParents) {
   const IXMLDOMNode p = element("p");
   EXPECT_TRUE(zelXmlRemoveChildItem(p, ApiPmId("x")));
