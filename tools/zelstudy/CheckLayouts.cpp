@@ -172,7 +172,7 @@ class LayoutCheck {
                     model_.name(index) + " has the parent " + model_.name(parent.index()) +
                         ", whose children do not hold it",
                     {id(parent)});
-    } else if (!holder.isNone() && !tree_.holds(holder.index(), layout.owner.index())) {
+    } else if (!parent.is(index) && !holder.isNone() && !tree_.holds(holder.index(), layout.owner.index())) {
       model_.report(Rule::layoutLeft, index, "parent",
                     model_.name(index) + " stands under " + model_.name(parent.index()) + ", but " +
                         model_.name(layout.owner.index()) + " is no child of " + model_.name(holder.index()),

@@ -152,8 +152,11 @@ constexpr CheckRule rules[] = {
      "the layout of B has the parent LA, after B was made a root",
      "Move the object to a parent: that puts its layout in order. Or it may be left."},
     {Rule::layoutCycle, "layout-cycle", error, always, "No layout stands under itself.",
-     "Moving an object of the cycle would not end.", "LA lists LB, and LB lists LA",
-     "Take one of the layouts out of the children of another."},
+     "Placing one object of the cycle moves the others along, and their locations fall apart. Making a child "
+     "a "
+     "root, and then moving its former parent under it, leads here: see layout-left.",
+     "LA lists LB, and LB lists LA",
+     "Take the layout that is in the wrong place out of the children of the other."},
     {Rule::locationAbsolute, "location-absolute", error, always,
      "The absolute location of a layout is that of its parent times the relative one.",
      "Both stand in the study and are read by different questions, so both must tell the same place. The "
