@@ -4,6 +4,7 @@
 
 #include "zel/ZelCollection.h"
 #include "zel/ZelPhysical.h"
+#include "zelstudy/EditHelpers.h"
 #include "zelstudy/Numbers.h"
 #include "zelstudy/Utf8.h"
 
@@ -13,26 +14,6 @@ namespace {
 
 // Node types are numbers of a byte; larger ones name nothing.
 constexpr int lastNodeType = 255;
-
-EditResult refused(std::string reason) { return {false, std::move(reason), Json::object()}; }
-
-EditResult done(Json gave) { return {true, {}, std::move(gave)}; }
-
-// Calls `edit` with the node of an id; refuses an id without one.
-template <class Edit>
-EditResult withNode(const StudySession& study, const ApiPmId& id, Edit edit) {
-  ZelNode* node = study.find(id);
-  return node ? edit(*node) : refused(study.whyNoNode(id));
-}
-
-// The same with an interface of the node; refuses a node that does not serve it, as one that has no `what`.
-template <class Interface, class Edit>
-EditResult withInterface(const StudySession& study, const ApiPmId& id, std::string_view what, Edit edit) {
-  return withNode(study, id, [&](ZelNode& node) {
-    auto* interface = zelQuery<Interface>(&node);
-    return interface ? edit(*interface) : refused(study.describe(id) + ", has no " + std::string(what));
-  });
-}
 
 // Why a text could not be set on an object that is there.
 std::string whyNotSet(const StudySession& study, const ApiPmId& id, const std::string& text,
@@ -92,15 +73,8 @@ EditResult move(StudySession& study, const Arguments& arguments) {
   });
 }
 
-// The library makes whatever it is asked to make. A second object of one id could never be told from the
-// first, and no reference reaches one whose id is empty or "NULL".
-std::string whyNoNewId(const StudySession& study, const ApiPmId& id) {
-  if (id.isNull() || id.text() == "NULL") return "\"" + id.asString() + "\" cannot be an id";
-  if (study.isInUse(id)) return "the id is in use: " + study.describe(id);
-  return isXmlText(id.text()) ? "" : "the id holds a character that XML cannot hold";
-}
-
 EditResult create(StudySession& study, const Arguments& arguments) {
+  if (arguments.text(2) == "-") return createRootObject(study, arguments);
   const ApiPmId id = arguments.id(1), parentId = arguments.id(2);
   if (std::string reason = whyNoNewId(study, id); !reason.empty()) return refused(std::move(reason));
   return withInterface<ZelCollection>(study, parentId, "children", [&](ZelCollection& parent) {
@@ -144,6 +118,14 @@ std::string refuseWord(const Parameter& parameter, const std::string& word) {
 
 }  // namespace
 
+// The library makes whatever it is asked to make. A second object of one id could never be told from the
+// first, and no reference reaches one whose id is empty or "NULL".
+std::string whyNoNewId(const StudySession& study, const ApiPmId& id) {
+  if (id.isNull() || id.text() == "NULL") return "\"" + id.asString() + "\" cannot be an id";
+  if (study.isInUse(id)) return "the id is in use: " + study.describe(id);
+  return isXmlText(id.text()) ? "" : "the id holds a character that XML cannot hold";
+}
+
 std::span<const EditOperation> editOperations() {
   static const EditOperation table[] = {
       {"rename", {textOf("ID"), textOf("NAME")}, "sets the name of an object", rename},
@@ -156,8 +138,24 @@ std::span<const EditOperation> editOperations() {
       {"move", {textOf("ID"), textOf("PARENT")}, "puts it at the end of another parent's children", move},
       {"create",
        {typeOf("TYPE"), textOf("ID"), textOf("PARENT"), textOf("CLASS", Parameter::optional)},
-       "makes an object under a parent",
+       "makes an object under a parent; - for a root",
        create},
+      {"delete", {textOf("ID")}, "removes an object, or from a shared one its parent", deleteObject},
+      {"root", {textOf("ID")}, "takes it out of its parent and makes it a root", makeRoot},
+      {"reorder", {textOf("ID", Parameter::repeated)}, "puts these roots first, in this order", reorderRoots},
+      {"set-prototype", {textOf("ID"), textOf("PROTOTYPE")}, "gives an instance its prototype", setPrototype},
+      {"label",
+       {textOf("ID"), textOf("LABEL"), textOf("NAME", Parameter::optional),
+        textOf("TEXT", Parameter::optional)},
+       "puts a new label on an object",
+       addLabel},
+      {"unlabel", {textOf("ID"), textOf("LABEL")}, "removes a label of an object", removeLabel},
+      {"remove-sharing", {}, "leaves every shared object to the parent that counts", removeSharing},
+      {"filter-study", {}, "publishes the study without its operation shortcuts", filterStudy},
+      {"prototype",
+       {textOf("FAMILY"), textOf("CLASS"), numberOf("WEIGHT"), textOf("NAME", Parameter::optional)},
+       "makes a prototype under a new id",
+       createPrototype},
   };
   return table;
 }

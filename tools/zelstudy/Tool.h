@@ -34,8 +34,15 @@ void addTreeCommand(CLI::App& app, Tool& tool);
 void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
-inline constexpr AddCommand commands[] = {addInfoCommand, addTreeCommand, addShowCommand, addEditCommand,
-                                          addUpdateCommand};
+void addCheckCommand(CLI::App& app, Tool& tool);
+inline constexpr AddCommand commands[] = {
+    addInfoCommand,    //
+    addTreeCommand,    //
+    addShowCommand,    //
+    addEditCommand,    //
+    addUpdateCommand,  //
+    addCheckCommand,   //
+};
 
 // --json, --log and --session. They may stand before the command and behind it.
 void addCommonOptions(CLI::App& app, Tool& tool);

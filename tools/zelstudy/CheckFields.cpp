@@ -1,0 +1,248 @@
+#include <algorithm>
+#include <cmath>
+
+#include "zelstudy/CheckModel.h"
+#include "zelstudy/Numbers.h"
+
+// What can be told of the fields of one object: references that name nothing, numbers that do not read.
+
+namespace zelstudy {
+
+namespace {
+
+enum class Role : std::uint8_t { children, parents, info, labels, layout, node, parent, link, plain, number };
+
+// Which rule a reference breaks that names no object, by its field.
+enum class Lost : std::uint8_t { broken, left, other, elsewhere };
+
+bool isLayout(CheckKind kind) { return kind == CheckKind::layout || kind == CheckKind::studyLayout; }
+
+}  // namespace
+
+struct CheckModel::Field {
+  std::string_view name;
+  Role role = Role::plain;
+  Lost lost = Lost::broken;
+};
+
+const CheckModel::Field* CheckModel::findField(std::string_view name) {
+  static const Field fields[] = {
+      {"children", Role::children, Lost::broken},
+      {"parents", Role::parents, Lost::elsewhere},
+      {"info", Role::info, Lost::broken},
+      {"labels", Role::labels, Lost::broken},
+      {"layout", Role::layout, Lost::broken},
+      {"node", Role::node, Lost::elsewhere},
+      {"parent", Role::parent, Lost::elsewhere},
+      {"linkExternalID", Role::link, Lost::elsewhere},
+      {"prototype", Role::plain, Lost::broken},
+      {"masterObj", Role::plain, Lost::broken},
+      {"threeDRep", Role::plain, Lost::broken},
+      {"uses", Role::plain, Lost::broken},
+      {"file", Role::plain, Lost::broken},
+      {"parentPrototype", Role::plain, Lost::left},
+      {"process", Role::plain, Lost::left},
+      {"processResource", Role::plain, Lost::left},
+      {"predecessor", Role::plain, Lost::left},
+      {"successor", Role::plain, Lost::left},
+      {"materialPredecessor", Role::plain, Lost::left},
+      {"materialSuccessor", Role::plain, Lost::left},
+      {"inputMaterialFlows", Role::plain, Lost::left},
+      {"outputMaterialFlows", Role::plain, Lost::left},
+      {"usedBy", Role::plain, Lost::left},
+      {"usesTool", Role::plain, Lost::left},
+      {"variant", Role::plain, Lost::other},
+      {"collections", Role::plain, Lost::other},
+      {"mountedTo", Role::plain, Lost::other},
+      {"mountedTools", Role::plain, Lost::other},
+      {"weight", Role::number, Lost::broken},
+  };
+  static const auto byName = [] {
+    std::unordered_map<std::string_view, const Field*> map;
+    for (const Field& field : fields) map.emplace(field.name, &field);
+    return map;
+  }();
+  const auto found = byName.find(name);
+  return found == byName.end() ? nullptr : found->second;
+}
+
+void CheckModel::readObject(std::uint32_t index) {
+  IXMLDOMElement nodeInfo;
+  for (IXMLDOMElement child = objects_[index].element.firstElementChild(); child;
+       child = child.nextElementSibling()) {
+    const std::string_view name = child.nodeName();
+    if (name == "NodeInfo") {
+      nodeInfo = child;
+    } else if (name == "noteLocation" && objects_[index].kind == CheckKind::label) {
+      checkLabelLocation(index, child);
+    } else if (const Field* field = findField(name)) {
+      readField(index, *field, child);
+    }
+  }
+  for (IXMLDOMElement child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
+    if (child.nodeName() == "Id") checkNumber(index, "NodeInfo/Id", child, true);
+  if (isLayout(objects_[index].kind)) readPlacement(index, nodeInfo);
+}
+
+void CheckModel::readField(std::uint32_t index, const Field& field, const IXMLDOMElement& element) {
+  CheckObject& object = objects_[index];
+  const auto readOne = [&](CheckRef& ref) {
+    ref = readReference(element);
+    if (ref.isLost() && field.lost != Lost::elsewhere) reportLost(index, field, ref);
+  };
+  const auto readMany = [&](CheckList& list) {
+    list = readList(element);
+    if (field.lost == Lost::elsewhere || isLayout(object.kind)) return;
+    for (std::uint32_t i = 0; i < list.count; ++i)
+      if (const CheckRef ref = refs_[list.first + i]; ref.isLost()) reportLost(index, field, ref);
+  };
+  switch (field.role) {
+    case Role::children:
+      return readMany(object.children);
+    case Role::parents:
+      return readMany(object.parents);
+    case Role::info:
+      if (object.kind == CheckKind::study) readMany(object.info);
+      return;
+    case Role::labels:
+      return readMany(object.labels);
+    case Role::layout:
+      return readOne(object.layout);
+    case Role::node:
+      if (isLayout(object.kind) || object.kind == CheckKind::label) readOne(object.node);
+      return;
+    case Role::parent:
+      if (!isLayout(object.kind) && object.kind != CheckKind::shortcut) return;
+      object.parentIsEmpty = text(element).empty();
+      return readOne(object.parent);
+    case Role::link:
+      if (object.kind == CheckKind::shortcut) readOne(object.link);
+      return;
+    case Role::number:
+      return checkNumber(index, field.name, element, false);
+    case Role::plain:
+      break;
+  }
+  if (field.name == "file" && object.kind != CheckKind::threeDRep) return;
+  const IXMLDOMElement first = element.firstElementChild();
+  if (first && first.nodeName() == "item") {
+    CheckList list;
+    readMany(list);
+    refs_.resize(list.first);  // no rule asks for it again
+    return;
+  }
+  CheckRef ref;
+  readOne(ref);
+  if (field.name == "parentPrototype") object.parentPrototype = ref;
+}
+
+void CheckModel::reportLost(std::uint32_t index, const Field& field, CheckRef ref) {
+  const std::string& id = lostId(ref);
+  const std::string names = name(index) + " names \"" + id + "\" in " + std::string(field.name) + ", ";
+  if (namesElement(id)) {
+    report(Rule::referenceOther, index, field.name, names + "which is an element within an object", {id});
+    return;
+  }
+  const Rule rule = field.lost == Lost::broken ? Rule::reference
+                    : field.lost == Lost::left ? Rule::referenceLeft
+                                               : Rule::referenceOther;
+  report(rule, index, field.name, names + "and no object has that id", {id});
+}
+
+bool CheckModel::readNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element,
+                            double& value) {
+  std::string_view digits = text(element);
+  constexpr std::string_view blanks = " \t\r\n";
+  digits.remove_prefix(std::min(digits.find_first_not_of(blanks), digits.size()));
+  digits = digits.substr(0, digits.find_last_not_of(blanks) + 1);
+  value = 0;
+  if (digits.empty() || zelstudy::readNumber(digits, value)) return true;
+  report(
+      Rule::number, index, field,
+      name(index) + " has \"" + std::string(digits) + "\" in " + std::string(field) + ", which is no number");
+  return false;
+}
+
+void CheckModel::checkNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element,
+                             bool whole) {
+  double value = 0;
+  if (!readNumber(index, field, element, value) || !whole) return;
+  if (value != std::trunc(value))
+    report(Rule::number, index, field,
+           name(index) + " has \"" + std::string(text(element)) + "\" in " + std::string(field) +
+               ", which is no whole number");
+}
+
+// Six numbers joined by "_".
+void CheckModel::checkLabelLocation(std::uint32_t index, const IXMLDOMElement& element) {
+  std::string_view rest = text(element);
+  if (rest.empty()) return;
+  int parts = 0;
+  bool reads = true;
+  for (bool more = true; more && reads; ++parts) {
+    const std::size_t end = rest.find('_');
+    double value = 0;
+    reads = zelstudy::readNumber(rest.substr(0, end), value);
+    more = end != std::string_view::npos;
+    if (more) rest.remove_prefix(end + 1);
+  }
+  if (!reads || parts != 6)
+    report(Rule::number, index, "noteLocation",
+           name(index) + " has \"" + std::string(text(element)) +
+               "\" in noteLocation, which are not six numbers joined by \"_\"");
+}
+
+bool CheckModel::readVector(std::uint32_t index, std::string_view field, const IXMLDOMElement& list,
+                            RTVec3D& vector) {
+  int count = 0;
+  bool reads = true;
+  for (IXMLDOMElement item = list.firstElementChild(); item; item = item.nextElementSibling()) {
+    if (item.nodeName() != "item") continue;
+    double value = 0;
+    reads = readNumber(index, field, item, value) && reads;
+    if (count < 3) vector[count] = value;
+    ++count;
+  }
+  if (count != 3)
+    report(
+        Rule::location, index, field,
+        name(index) + " has " + std::to_string(count) + " numbers in " + std::string(field) + ", not three");
+  return reads && count == 3;
+}
+
+void CheckModel::readPlacement(std::uint32_t index, const IXMLDOMElement& nodeInfo) {
+  CheckPlacement placement;
+  IXMLDOMElement location, rotation, absolute;
+  for (IXMLDOMElement child = objects_[index].element.firstElementChild(); child;
+       child = child.nextElementSibling()) {
+    if (child.nodeName() == "location") location = child;
+    if (child.nodeName() == "rotation") rotation = child;
+  }
+  const bool placed = readVector(index, "location", location, placement.location);
+  placement.relative = readVector(index, "rotation", rotation, placement.rotation) && placed;
+
+  if (objects_[index].kind == CheckKind::layout) {
+    for (IXMLDOMElement child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
+      if (child.nodeName() == "absoluteLocation") absolute = child;
+    constexpr std::string_view axes[] = {"x", "y", "z", "rx", "ry", "rz"};
+    unsigned found = 0;
+    bool reads = true;
+    for (IXMLDOMElement child = absolute.firstElementChild(); child; child = child.nextElementSibling()) {
+      for (int axis = 0; axis < 6; ++axis) {
+        if (child.nodeName() != axes[axis]) continue;
+        double value = 0;
+        reads = readNumber(index, "NodeInfo/absoluteLocation", child, value) && reads;
+        (axis < 3 ? placement.absoluteLocation : placement.absoluteRotation)[axis % 3] = value;
+        found |= 1U << axis;
+      }
+    }
+    placement.absolute = reads && found == 0x3F;
+    if (found != 0x3F)
+      report(Rule::location, index, "NodeInfo/absoluteLocation",
+             name(index) + " lacks numbers in NodeInfo/absoluteLocation");
+  }
+  objects_[index].placement = static_cast<std::uint32_t>(placements_.size());
+  placements_.push_back(placement);
+}
+
+}  // namespace zelstudy
