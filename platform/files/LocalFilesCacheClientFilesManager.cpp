@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "api/ApiSysFileName.h"
+#include "files/DiskPath.h"
 
 // The cache directory holds a folder per origin, named by a hash of the origin's name, with the copy in it
 // under its own file name. Beside the folder a note tells the origin, so that it is known in later runs too:
@@ -22,18 +23,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-// Texts are UTF-8, and names written on another system part directories by "\".
-fs::path pathOf(std::string_view name) {
-  std::u8string text(name.begin(), name.end());
-  if constexpr (fs::path::preferred_separator == '/') std::replace(text.begin(), text.end(), u8'\\', u8'/');
-  return fs::path(text);
-}
-
-std::string textOf(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
-}
 
 // The last part of a name; a directory may be written with a separator at its end.
 std::string ownNameOf(std::string_view name) {
@@ -172,13 +161,13 @@ bool LocalFilesCacheClientFilesManager::activate(const std::string& directory) {
   ownSources_.clear();
   if (directory.empty()) return true;
   std::error_code error;
-  fs::path path = fs::absolute(pathOf(directory), error);
+  fs::path path = fs::absolute(diskPath(directory), error);
   if (error) return false;
   fs::create_directories(path, error);
   if (!fs::is_directory(path, error)) return false;
   path = path.lexically_normal();
   if (!path.has_filename()) path = path.parent_path();
-  directory_ = textOf(path);
+  directory_ = diskPathText(path);
   return true;
 }
 
@@ -212,18 +201,18 @@ bool LocalFilesCacheClientFilesManager::getSourcePath(const std::string& local, 
     origin = local;
     return true;
   }
-  const fs::path below = pathOf(local).lexically_normal().lexically_relative(pathOf(directory_));
+  const fs::path below = diskPath(local).lexically_normal().lexically_relative(diskPath(directory_));
   auto step = below.begin();
   if (step == below.end() || *step == ".." || *step == ".") return false;
-  fs::path note = pathOf(directory_) / *step;
+  fs::path note = diskPath(directory_) / *step;
   note += ".origin";
   std::string root;
   if (!readText(note, root) || ++step == below.end()) return false;
   // The first step below the folder is the origin's own name, the others lie inside it.
-  if (textOf(*step) != ownNameOf(root)) return false;
+  if (diskPathText(*step) != ownNameOf(root)) return false;
   std::string found = root;
   while (++step != below.end()) {
-    if (!step->empty()) found = ApiSysFileName(found).asString(true) + textOf(*step);
+    if (!step->empty()) found = ApiSysFileName(found).asString(true) + diskPathText(*step);
   }
   origin = found;
   return true;
@@ -234,15 +223,15 @@ void LocalFilesCacheClientFilesManager::setOwnSourcePath(const std::string& name
 }
 
 std::string LocalFilesCacheClientFilesManager::localNameOf(const std::string& name) const {
-  return textOf(pathOf(directory_) / folderNameOf(name) / pathOf(ownNameOf(name)));
+  return diskPathText(diskPath(directory_) / folderNameOf(name) / diskPath(ownNameOf(name)));
 }
 
 bool LocalFilesCacheClientFilesManager::isUpToDate(const std::string& name, const std::string& local) const {
-  return isSame(pathOf(name), pathOf(local));
+  return isSame(diskPath(name), diskPath(local));
 }
 
 bool LocalFilesCacheClientFilesManager::fetch(const std::string& name, const std::string& local) {
-  const fs::path origin = pathOf(name), copy = pathOf(local), folder = copy.parent_path();
+  const fs::path origin = diskPath(name), copy = diskPath(local), folder = copy.parent_path();
   fs::path note = folder;
   note += ".origin";
   std::error_code error;

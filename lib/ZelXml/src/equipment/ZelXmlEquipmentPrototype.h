@@ -6,7 +6,7 @@
 // The definition of an equipment, and an occurrence of a prototype in one.
 class ZelXmlEquipmentPrototype final
     : public ZelXmlConcreteNode<ZelXmlEquipmentPrototype, ZelXmlResPrototypeBaseNode, ZEL_EQUIPMENT_PROTOTYPE,
-                                ZelVorNode> {};
+                                ZelPrototype, ZelVorNode> {};
 
 class ZelXmlEquipmentPrototypeOccurrence final
     : public ZelXmlConcreteNode<ZelXmlEquipmentPrototypeOccurrence, ZelXmlNode,

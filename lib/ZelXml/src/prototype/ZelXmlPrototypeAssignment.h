@@ -1,25 +1,41 @@
 #pragma once
 
 #include "node/ZelXmlConcreteNode.h"
+#include "zel/ZelPrototypeAssignment.h"
 
 // A use of a prototype, named by `uses`. What shows an assignment is the prototype.
 class ZelXmlPrototypeAssignment : public ZelXmlNode {
  public:
   // The element that `uses` refers to; false without one.
   bool getDisplayElement(IXMLDOMNode& element) const override { return referenced("uses", element); }
+
+  // Stands beside the wrapper's operations on prototypes, since only the wrapper knows the nodes.
+  ZelNode* getPrototype() const;
+  bool getPrototypeId(ApiPmId& id) const;
 };
 
+template <class Self>
+class ZelXmlFace<ZelPrototypeAssignment, Self> : public ZelPrototypeAssignment {
+ public:
+  ZelNode* getPrototype() const override { return node().getPrototype(); }
+  bool getPrototypeId(ApiPmId& id) const override { return node().getPrototypeId(id); }
+
+ private:
+  const ZelXmlPrototypeAssignment& node() const { return static_cast<const Self&>(*this); }
+};
+
+template <class Self, ZelNodeType Type>
+using ZelXmlPrototypeAssignmentClass =
+    ZelXmlConcreteNode<Self, ZelXmlPrototypeAssignment, Type, ZelPrototypeAssignment, ZelPhysical, ZelVorNode,
+                       ZelVorLabelsContainer>;
+
 class ZelXmlPartPrototypeAssignment final
-    : public ZelXmlConcreteNode<ZelXmlPartPrototypeAssignment, ZelXmlPrototypeAssignment,
-                                ZEL_PART_PROTOTYPE_ASSIGNMENT, ZelVorNode, ZelPhysical,
-                                ZelVorLabelsContainer> {};
+    : public ZelXmlPrototypeAssignmentClass<ZelXmlPartPrototypeAssignment, ZEL_PART_PROTOTYPE_ASSIGNMENT> {};
 
 class ZelXmlResourcePrototypeAssignment final
-    : public ZelXmlConcreteNode<ZelXmlResourcePrototypeAssignment, ZelXmlPrototypeAssignment,
-                                ZEL_RESOURCE_PROTOTYPE_ASSIGNMENT, ZelVorNode, ZelPhysical,
-                                ZelVorLabelsContainer> {};
+    : public ZelXmlPrototypeAssignmentClass<ZelXmlResourcePrototypeAssignment,
+                                            ZEL_RESOURCE_PROTOTYPE_ASSIGNMENT> {};
 
 class ZelXmlEquipmentPrototypeAssignment final
-    : public ZelXmlConcreteNode<ZelXmlEquipmentPrototypeAssignment, ZelXmlPrototypeAssignment,
-                                ZEL_EQUIPMENT_PROTOTYPE_ASSIGNMENT, ZelVorNode, ZelPhysical,
-                                ZelVorLabelsContainer> {};
+    : public ZelXmlPrototypeAssignmentClass<ZelXmlEquipmentPrototypeAssignment,
+                                            ZEL_EQUIPMENT_PROTOTYPE_ASSIGNMENT> {};

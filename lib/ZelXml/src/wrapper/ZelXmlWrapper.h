@@ -54,7 +54,16 @@ class ZelXmlWrapper : public ZelVorWrapper {
   ZelWrapper* queryInterface(int type) override { return type == 0 ? this : nullptr; }
   ZelBehaviorRestrictionsMgr& getBehaviorRestrictionsManager() const override;
   bool isTemporaryWrapper() const override { return false; }
+  // By the type of the prototype; false, and `type` untouched, for anything but a prototype.
+  bool computeInstanceStringTypeFromPrototypeData(const ApiPmId& id, RWClassicWString& type) const override;
   bool build(bool download) override;
+  // Class name, family and field `weight` of an object; false, and `data` untouched, without one of them and
+  // for an empty weight.
+  bool getPrototypeData(const ApiPmId& id, ApiPmPrototypeData& data) const override;
+  // The path of a prototype or of a placeholder's own representation; as ZelPrototype. Only a prototype's can
+  // be set.
+  bool setPrototypePath(const ApiPmId& id, const RWClassicWString& path) override;
+  bool getPrototypePath(const ApiPmId& id, RWClassicWString& path) const override;
 
   // ZelVorWrapper
   bool write(std::ostream& stream) const override;
@@ -103,6 +112,16 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool moveContentToNewStudy(const IXMLDOMDocument& document, const ApiPmId& id) override;
   // Publishes a copy of the study object without its operation shortcuts. False without an OUT document.
   bool filterOtherTechnologiesShortcutsFromStudy() override;
+  // Add a prototype to the change stream of any document: copies of its element without name, comment and
+  // caption, and of what belongs to it (addEquipmentPrototypeData). The first without its geometry: it takes
+  // the first `threeDRep` out of `document`, also one that stood there before. The second with the objects of
+  // its 3D representation, as far as they resolve. The third is the second for each id, up to the first that
+  // is false; true for none. Only during the call does `document` have an index, unless it had one before.
+  // What was added before a failing step stays.
+  bool getPrototypeDataAsOutputDoc(const ApiPmId& id, const IXMLDOMDocument& document) const override;
+  bool getPrototypeDataWith3DAsOutputDoc(const ApiPmId& id, const IXMLDOMDocument& document) const override;
+  bool getListOfPrototypeDataWith3DRepAsOutputDoc(const ApiPmIdList& ids,
+                                                  const IXMLDOMDocument& document) const override;
   // Whether the OUT document holds a command for `id`, and the object has a node, or has none. False, and
   // `result` untouched, without an OUT document.
   bool isNodeInExportedNodes(const ApiPmId& id, bool& result) override;
@@ -110,6 +129,17 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // Leaves every shared object to the parent that counts. Publishes nothing. Stops at the first node that
   // answers false; the nodes before it stay changed.
   bool removeSharing() override;
+  // Copies the occurrences of one equipment prototype to another. True, with nothing to do, when either is no
+  // collection, the target is no equipment prototype, or the source is empty; false for any other source,
+  // since occurrences do not tell yet what is to be copied.
+  bool copyOccurrences(ZelNode& source, ZelNode& target) override;
+  // A prototype in memory alone, registered under the id of `data`, whose weight is not kept. Null, with
+  // nothing made, for a family that is neither of a part nor of a tool, and for the null id.
+  ZelNode* createLocalPrototypeNode(const ApiPmPrototypeData& data, const RWClassicWString& name) override;
+  // Marks the files of an object for the next download of the files cache: of the prototype of an instance or
+  // an assignment, else of the node's own representation. True also for files that are in the cache and up to
+  // date. False without representation, and while the cache is off.
+  bool registerNodeForPreDownload(ZelNode& node) const override;
   // Follow what has happened in the data store already; nothing is published. The first removes a root with
   // its layout, and with its place in the study. The second takes a child from its parent that counts, enters
   // `parent` and the parent's layout, and puts it at its old relative placement under `location`, the
@@ -168,6 +198,13 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool deleteNodesList(const ApiPmIdList& ids);
   // Whether a shortcut in the list of the study leads to `id`. False without the study, or its list.
   bool doesStudyContainNodeByShortcut(const ApiPmId& id, bool& contained);
+
+  // Adds the occurrences of an equipment prototype, with comment, name and layout, to the change stream of
+  // `document`; ids without element are passed over. Then the first `children` of the document, if it has no
+  // `item`, loses its text. True, and nothing done, for any other node and for an id without node.
+  bool addEquipmentPrototypeData(const ApiPmId& id, const IXMLDOMDocument& document) const;
+  // getPrototypeDataWith3DAsOutputDoc for a document that has an index.
+  bool getPrototypeDataWith3DAsOutputDocInternal(const ApiPmId& id, const IXMLDOMDocument& document) const;
 
   // The section of a command of a change stream, made if need be.
   bool createOutDocumentNode(const IXMLDOMDocument& document, std::string_view command, IXMLDOMNode& node);

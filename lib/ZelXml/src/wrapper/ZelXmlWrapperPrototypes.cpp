@@ -1,12 +1,19 @@
 #include <memory>
 
 #include "api/ApiPmClassTypes.h"
+#include "api/ApiPmXmlCacheDocumentMgr.h"
+#include "api/LocalFilesCacheClientFilesManager.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
+#include "prototype/ZelXmlLocalPrototypeNode.h"
+#include "prototype/ZelXmlPrototypeAssignment.h"
 #include "wrapper/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
+#include "zel/ZelCollection.h"
+#include "zel/ZelInstance.h"
 
-// New prototypes. They are never roots, and nothing of them is published.
+// New prototypes, in the study and in memory, and the data and files of prototypes. Prototypes are never
+// roots, and nothing of them is published to the OUT document.
 
 namespace {
 
@@ -57,4 +64,198 @@ bool ZelXmlWrapper::createPrototypeNode(const ApiPmPrototypeData& data, const RW
   node->setWrapper(this);
   insertNode(data.id, node.release()->pmNode());
   return true;
+}
+
+ZelNode* ZelXmlWrapper::createLocalPrototypeNode(const ApiPmPrototypeData& data,
+                                                 const RWClassicWString& name) {
+  const int family = data.type.familyType();
+  if ((family != 0 && family != 1) || data.id.isNull()) return nullptr;
+  auto node = std::make_unique<ZelXmlLocalPrototypeNode>(
+      data.id, family == 0 ? ZEL_PART_PROTOTYPE : ZEL_RESOURCE_PROTOTYPE, data.type.className());
+  node->setWrapper(this);
+  node->setName(name);
+  ZelNode* made = node.release()->pmNode();
+  insertNode(data.id, made);
+  return made;
+}
+
+bool ZelXmlWrapper::getPrototypeData(const ApiPmId& id, ApiPmPrototypeData& data) const {
+  IXMLDOMNode element, field;
+  std::string className, family, buffer;
+  double weight = 0;
+  if (!zelXmlFindNodeById(DOMDocument(), id, element) || !zelXmlGetNodeName(element, className) ||
+      !zelXmlGetFamily(element, family) || !zelXmlSelectChild(element, "weight", field) ||
+      field.textView(buffer).empty() || !zelXmlGetDoubleText(field, weight)) {
+    return false;
+  }
+  data = ApiPmPrototypeData(id, ApiPmTypeData(className, family));
+  data.weight = weight;
+  return true;
+}
+
+bool ZelXmlWrapper::computeInstanceStringTypeFromPrototypeData(const ApiPmId& id,
+                                                               RWClassicWString& type) const {
+  const ZelNode* node = getZelNodeFromId(id);
+  if (!node) return false;
+  switch (node->type()) {
+    case ZEL_PART_PROTOTYPE:
+      type = "PmPartInstance";
+      return true;
+    case ZEL_RESOURCE_PROTOTYPE:
+    case ZEL_LIGHT_SENSOR_PROTOTYPE:
+    case ZEL_PROPERTY_SENSOR_PROTOTYPE:
+      type = "PmToolInstance";
+      return true;
+    case ZEL_EQUIPMENT_PROTOTYPE:
+      type = "PmEquipmentInstance";
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool ZelXmlWrapper::getPrototypePath(const ApiPmId& id, RWClassicWString& path) const {
+  const ZelNode* node = getZelNodeFromId(id);
+  const ZelXmlNode* xmlNode = zelXmlNodeOf(node);
+  if (!xmlNode) return false;
+  if (const auto* prototype = zelQuery<ZelPrototype>(node)) return prototype->getPrototypePath(path);
+  IXMLDOMNode rep;
+  return zelQuery<ZelVorPlaceholder>(node) && xmlNode->getThreeDRep(rep) &&
+         zelXmlGetThreeDRepPath(DOMDocument(), rep, path);
+}
+
+bool ZelXmlWrapper::setPrototypePath(const ApiPmId& id, const RWClassicWString& path) {
+  auto* prototype = zelQuery<ZelPrototype>(getZelNodeFromId(id));
+  return prototype && prototype->setPrototypePath(path);
+}
+
+namespace {
+
+// The node that holds the representation of a node: its prototype's, or itself.
+const ZelXmlNode* holderOfFiles(const ZelXmlWrapper& wrapper, const ZelNode& node) {
+  ApiPmId id;
+  if (const auto* instance = zelQuery<ZelInstance>(&node)) {
+    return instance->getPrototypeId(id) ? wrapper.zelXmlNodeFromId(id) : nullptr;
+  }
+  if (const auto* assignment = zelQuery<ZelPrototypeAssignment>(&node)) {
+    return assignment->getPrototypeId(id) ? wrapper.zelXmlNodeFromId(id) : nullptr;
+  }
+  return zelXmlNodeOf(&node);
+}
+
+}  // namespace
+
+bool ZelXmlWrapper::registerNodeForPreDownload(ZelNode& node) const {
+  const ZelXmlNode* holder = holderOfFiles(*this, node);
+  IXMLDOMNode rep;
+  std::string stored, name, local;
+  if (!holder || !holder->getThreeDRep(rep) || !zelXmlGetReferenceFileName(DOMDocument(), rep, stored) ||
+      !zelXmlResolveFileName(stored, name)) {
+    return false;
+  }
+  LocalFilesCacheClientFilesManager& files = LocalFilesCacheClientFilesManager::the();
+  return files.getDownloadedPath(name, local, false) || files.registerFileForDownload(name);
+}
+
+// Prototypes for another document: the elements that one is made of, as update commands.
+
+namespace {
+
+// The index that publishing needs, for the length of a call.
+class Indexed {
+ public:
+  explicit Indexed(const IXMLDOMDocument& document) : document_(document) {
+    ApiPmXmlCacheDocumentMgr::the().addDocument(document_);
+  }
+  ~Indexed() { ApiPmXmlCacheDocumentMgr::the().removeDocument(document_); }
+  Indexed(const Indexed&) = delete;
+  Indexed& operator=(const Indexed&) = delete;
+
+ private:
+  const IXMLDOMDocument document_;
+};
+
+// An occurrence, unlike a prototype, keeps its texts.
+bool publishOccurrence(const IXMLDOMDocument& study, const IXMLDOMDocument& document,
+                       const IXMLDOMNode& occurrence) {
+  std::vector<IXMLDOMNode> texts;
+  for (const std::string_view name : {"comment", "name"}) {
+    IXMLDOMNode field;
+    if (zelXmlSelectChild(occurrence, name, field)) texts.push_back(field.cloneNode(true));
+  }
+  if (!zelXmlPublishClone(document, occurrence, texts)) return false;
+  IXMLDOMNode layout;
+  return !zelXmlGetReferencedNode(study, occurrence, "layout", layout) ||
+         zelXmlPublishClone(document, layout);
+}
+
+}  // namespace
+
+bool ZelXmlWrapper::getPrototypeDataAsOutputDoc(const ApiPmId& id, const IXMLDOMDocument& document) const {
+  const Indexed indexed(document);
+  IXMLDOMNode element;
+  if (!zelXmlFindNodeById(DOMDocument(), id, element)) return false;
+  const bool published = zelXmlPublishClone(document, element);
+  IXMLDOMNode geometry;
+  if (zelXmlSelectChild(document, "//threeDRep", geometry)) zelXmlRemoveFromParent(geometry);
+  return published && addEquipmentPrototypeData(id, document);
+}
+
+bool ZelXmlWrapper::getPrototypeDataWith3DAsOutputDoc(const ApiPmId& id,
+                                                      const IXMLDOMDocument& document) const {
+  const Indexed indexed(document);
+  return getPrototypeDataWith3DAsOutputDocInternal(id, document);
+}
+
+bool ZelXmlWrapper::getListOfPrototypeDataWith3DRepAsOutputDoc(const ApiPmIdList& ids,
+                                                               const IXMLDOMDocument& document) const {
+  const Indexed indexed(document);
+  for (const ApiPmId& id : ids) {
+    if (!getPrototypeDataWith3DAsOutputDocInternal(id, document)) return false;
+  }
+  return true;
+}
+
+bool ZelXmlWrapper::getPrototypeDataWith3DAsOutputDocInternal(const ApiPmId& id,
+                                                              const IXMLDOMDocument& document) const {
+  const IXMLDOMDocument study = DOMDocument();
+  IXMLDOMNode element, rep, file;
+  if (!zelXmlFindNodeById(study, id, element) || !zelXmlPublishClone(document, element)) return false;
+  if (zelXmlGetReferencedNode(study, element, "threeDRep", rep)) {
+    if (!zelXmlPublishClone(document, rep)) return false;
+    if (zelXmlGetReferencedNode(study, rep, "file", file) && !zelXmlPublishClone(document, file))
+      return false;
+  }
+  return addEquipmentPrototypeData(id, document);
+}
+
+bool ZelXmlWrapper::addEquipmentPrototypeData(const ApiPmId& id, const IXMLDOMDocument& document) const {
+  const ZelXmlNode* prototype = zelXmlNodeFromId(id);
+  if (!prototype || prototype->zelType() != ZEL_EQUIPMENT_PROTOTYPE) return true;
+  const IXMLDOMDocument study = DOMDocument();
+  ApiPmIdList ids;
+  bool result = zelXmlGetChildIds(prototype->getXmlNode(), ids);
+  for (const ApiPmId& child : ids) {
+    IXMLDOMNode occurrence;
+    if (!zelXmlFindNodeById(study, child, occurrence)) continue;
+    result = publishOccurrence(study, document, occurrence);
+    if (!result) break;
+  }
+  IXMLDOMNode children, item;
+  if (zelXmlSelectChild(document, "//children", children) && !zelXmlSelectChild(children, "item", item)) {
+    zelXmlSetText(children, "");
+  }
+  return result;
+}
+
+bool ZelXmlWrapper::copyOccurrences(ZelNode& source, ZelNode& target) {
+  const auto* from = zelQuery<ZelCollection>(&source);
+  if (!from || !zelQuery<ZelCollection>(&target) || target.type() != ZEL_EQUIPMENT_PROTOTYPE) return true;
+  ZelNodeList occurrences;
+  return from->getChildren(occurrences) && occurrences.isEmpty();
+}
+
+ZelNode* ZelXmlPrototypeAssignment::getPrototype() const {
+  ApiPmId id;
+  return getWrapper() && getPrototypeId(id) ? getWrapper()->getZelNodeFromId(id) : nullptr;
 }
