@@ -50,6 +50,21 @@ TEST_F(EditsTest, AMovedChildKeepsItsPlaceAndStaysInStepEverywhere) {
   EXPECT_TRUE(physical("P")->getLocation(location) && location == at(11));
 }
 
+TEST_F(EditsTest, AFormerChildTakesItsOldParentWithoutACycleOfLayouts) {
+  ASSERT_TRUE(collection("A")->createChild(ZEL_COMPOUND_PART, ApiPmId("N")));
+  ASSERT_TRUE(wrapper->addRootFromOtherParent(node("N")));
+  EXPECT_EQ(list("LA", "children"), "LP new1") << "left behind, and harmless so far";
+  ASSERT_TRUE(collection("N")->moveChild(node("A")));
+  EXPECT_EQ(list("LA", "children"), "LP");
+  EXPECT_EQ(list("new1", "children"), "LA");
+  for (const double place : {100.0, 200.0}) {
+    RTTran3D location;
+    ASSERT_TRUE(physical("A")->setLocation(at(place)));
+    EXPECT_TRUE(physical("A")->getLocation(location) && location.isNear(at(place), 1e-6, 1e-6));
+    EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), place + 1);
+  }
+}
+
 TEST_F(EditsTest, NothingMovesUnderItselfOrBelow) {
   ASSERT_TRUE(collection("B")->moveChild(node("A")));
   const std::string before = root(study);

@@ -127,6 +127,45 @@ bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
   return zelXmlAddChildItem(getXmlNode(), id) && zelXmlPublishUpdate(wrapper->OUTDocument(), getXmlNode());
 }
 
+namespace {
+
+// A layout stays under its old parent's layout when its object becomes a root or moves into a study. That is
+// harmless until that parent, or what stands above it, is put below the object: then the layouts would close
+// a cycle, and no placement could hold. So when `lower` stands below `upper`, every link on the way up whose
+// objects are not parent and child is released; the layout keeps its absolute placement.
+bool releaseOutlivedLinks(const IXMLDOMDocument& document, const IXMLDOMDocument& out, IXMLDOMNode lower,
+                          const IXMLDOMNode& upper) {
+  std::vector<std::pair<IXMLDOMNode, IXMLDOMNode>> links;
+  std::unordered_set<IXMLDOMNode> seen;
+  IXMLDOMNode parent;
+  for (IXMLDOMNode at = lower; !(at == upper); at = parent) {
+    if (!seen.insert(at).second || !zelXmlGetReferencedNode(document, at, "parent", parent)) return true;
+    links.emplace_back(at, parent);
+  }
+  for (const auto& [layout, above] : links) {
+    ApiPmId layoutId;
+    ApiPmId owner;
+    ApiPmId ownerAbove;
+    IXMLDOMNode object;
+    ApiPmIdList parents;
+    if (zelXmlGetLayoutOwnerId(document, layout, owner) &&
+        zelXmlGetLayoutOwnerId(document, above, ownerAbove) && zelXmlFindNodeById(document, owner, object) &&
+        zelXmlGetParentItemIds(object, parents) && parents.contains(ownerAbove)) {
+      continue;
+    }
+    RTTran3D absolute;
+    if (!zelXmlGetExternalId(layout, layoutId) || !zelXmlRemoveChildItem(above, layoutId) ||
+        !zelXmlSetParentText(layout, "NULL") || !zelXmlGetAbsoluteLocation(layout, absolute) ||
+        !zelXmlSetLayoutTransform(layout, absolute) || !zelXmlPublishUpdate(out, above) ||
+        !zelXmlPublishUpdate(out, layout)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
 bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
   ZelXmlWrapper* wrapper = owner().getWrapper();
   if (!wrapper) return false;
@@ -137,6 +176,7 @@ bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
   return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
          zelXmlGetReferencedNode(document, child, "layout", layout) &&
          zelXmlGetExternalId(layout, layoutId) &&
+         releaseOutlivedLinks(document, wrapper->OUTDocument(), own, layout) &&
          zelXmlDetachLayout(document, wrapper->OUTDocument(), layout) && zelXmlAddChildItem(own, layoutId) &&
          zelXmlPublishUpdate(wrapper->OUTDocument(), own);
 }
@@ -150,8 +190,8 @@ bool ZelXmlCollectionService::addLayoutChildLocally(const IXMLDOMNode& child) {
   ApiPmId layoutId;
   return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
          zelXmlGetReferencedNode(document, child, "layout", layout) &&
-         zelXmlGetExternalId(layout, layoutId) && zelXmlDetachLayout(document, {}, layout) &&
-         zelXmlAddChildItem(own, layoutId);
+         zelXmlGetExternalId(layout, layoutId) && releaseOutlivedLinks(document, {}, own, layout) &&
+         zelXmlDetachLayout(document, {}, layout) && zelXmlAddChildItem(own, layoutId);
 }
 
 bool ZelXmlCollectionService::addChild(ZelNode* child) {

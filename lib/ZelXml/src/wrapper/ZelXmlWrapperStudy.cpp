@@ -48,7 +48,8 @@ bool ZelXmlWrapper::removeSharing() {
   ZEL_LOG(category, ApiLogLogger::progress, "End re-cache of the document");
   for (ZelNode* node : nodes) {
     ZelXmlNode* xmlNode = zelXmlNodeOf(node);
-    if (xmlNode && !xmlNode->removeSharing()) return false;
+    // A local prototype has no element, and so nothing to share.
+    if (xmlNode && xmlNode->getXmlNode() && !xmlNode->removeSharing()) return false;
   }
   return true;
 }
