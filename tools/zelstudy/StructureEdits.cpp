@@ -44,8 +44,7 @@ EditResult deleteObject(StudySession& study, const Arguments& arguments) {
   return withNode(study, id, [&](ZelNode&) {
     ApiPmId given = id;
     if (!study.wrapper().deleteNode(given))
-      return refused(study.describe(id) +
-                     (study.find(id) ? ", could not be deleted" : ", was not deleted whole"));
+      return refused(study.describe(id) + ", could not be deleted; its parent may list it no more");
     return done({{"id", idJson(id)}, {"gone", !study.isInUse(id)}});
   });
 }
