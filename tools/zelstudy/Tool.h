@@ -33,7 +33,9 @@ void addInfoCommand(CLI::App& app, Tool& tool);
 void addTreeCommand(CLI::App& app, Tool& tool);
 void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
-inline constexpr AddCommand commands[] = {addInfoCommand, addTreeCommand, addShowCommand, addEditCommand};
+void addPrototypesCommand(CLI::App& app, Tool& tool);
+inline constexpr AddCommand commands[] = {addInfoCommand, addTreeCommand, addShowCommand, addEditCommand,
+                                          addPrototypesCommand};
 
 // --json, --log and --session. They may stand before the command and behind it.
 void addCommonOptions(CLI::App& app, Tool& tool);
