@@ -276,6 +276,7 @@ TEST_F(PrototypesTest, FilesOfPrototypesComeThroughTheCache) {
     std::string local;
     ASSERT_TRUE(files.activate(directory + "/cache" + std::to_string(turn++)));
     EXPECT_EQ(wrapper->registerNodeForPreDownload(*node(id)), expected != '-') << id;
+    EXPECT_FALSE(files.getDownloadedPath(directory + "\\in", local, false)) << "only marked";
     EXPECT_EQ(files.downloadFiles(), expected != '!') << id;
     EXPECT_EQ(files.getDownloadedPath(directory + "\\in", local, false), expected == '+') << id;
   }
