@@ -35,13 +35,15 @@ void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
+void addPrototypesCommand(CLI::App& app, Tool& tool);
 inline constexpr AddCommand commands[] = {
-    addInfoCommand,    //
-    addTreeCommand,    //
-    addShowCommand,    //
-    addEditCommand,    //
-    addUpdateCommand,  //
-    addCheckCommand,   //
+    addInfoCommand,        //
+    addTreeCommand,        //
+    addShowCommand,        //
+    addEditCommand,        //
+    addUpdateCommand,      //
+    addCheckCommand,       //
+    addPrototypesCommand,  //
 };
 
 // --json, --log and --session. They may stand before the command and behind it.

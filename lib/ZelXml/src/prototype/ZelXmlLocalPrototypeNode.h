@@ -5,8 +5,9 @@
 #include "prototype/ZelXmlPrototypeNode.h"
 
 // A prototype that lives in memory alone: it has no element in any document, and keeps its values itself.
-// What would need an element answers false: description, labels, deletion, and all that ZelVorNode tells. It
-// belongs to the registry like any other node, is neither root nor child, and goes with the next build.
+// What would need an element answers false: to write a description, labels, deletion, all that ZelVorNode
+// tells. It belongs to the registry like any other node, is neither root nor child, and goes with the next
+// build.
 class ZelXmlLocalPrototypeNode final
     : public ZelXmlConcreteNode<ZelXmlLocalPrototypeNode, ZelXmlPrototypeNode, ZEL_PART_PROTOTYPE,
                                 ZelPrototype, ZelVorNode> {
