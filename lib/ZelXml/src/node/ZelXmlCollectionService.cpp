@@ -166,32 +166,26 @@ bool releaseOutlivedLinks(const IXMLDOMDocument& document, const IXMLDOMDocument
 
 }  // namespace
 
-bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
-  if (!wrapper) return false;
-  const IXMLDOMDocument document = wrapper->DOMDocument();
+// With a null `out` nothing is published.
+bool ZelXmlCollectionService::takeLayout(const IXMLDOMNode& child, const IXMLDOMDocument& out) {
+  const IXMLDOMDocument document = owner().getWrapper()->DOMDocument();
   IXMLDOMNode own;
   IXMLDOMNode layout;
   ApiPmId layoutId;
   return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
          zelXmlGetReferencedNode(document, child, "layout", layout) &&
-         zelXmlGetExternalId(layout, layoutId) &&
-         releaseOutlivedLinks(document, wrapper->OUTDocument(), own, layout) &&
-         zelXmlDetachLayout(document, wrapper->OUTDocument(), layout) && zelXmlAddChildItem(own, layoutId) &&
-         zelXmlPublishUpdate(wrapper->OUTDocument(), own);
+         zelXmlGetExternalId(layout, layoutId) && releaseOutlivedLinks(document, out, own, layout) &&
+         zelXmlDetachLayout(document, out, layout) && zelXmlAddChildItem(own, layoutId) &&
+         zelXmlPublishUpdate(out, own);
+}
+
+bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
+  const ZelXmlWrapper* wrapper = owner().getWrapper();
+  return wrapper && takeLayout(child, wrapper->OUTDocument());
 }
 
 bool ZelXmlCollectionService::addLayoutChildLocally(const IXMLDOMNode& child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
-  if (!wrapper) return false;
-  const IXMLDOMDocument document = wrapper->DOMDocument();
-  IXMLDOMNode own;
-  IXMLDOMNode layout;
-  ApiPmId layoutId;
-  return zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) &&
-         zelXmlGetReferencedNode(document, child, "layout", layout) &&
-         zelXmlGetExternalId(layout, layoutId) && releaseOutlivedLinks(document, {}, own, layout) &&
-         zelXmlDetachLayout(document, {}, layout) && zelXmlAddChildItem(own, layoutId);
+  return owner().getWrapper() && takeLayout(child, {});
 }
 
 bool ZelXmlCollectionService::addChild(ZelNode* child) {

@@ -40,6 +40,7 @@ class ZelXmlCollectionService : public ZelXmlService {
 
  private:
   bool isBelow(const ApiPmId& id) const;
+  bool takeLayout(const IXMLDOMNode& child, const IXMLDOMDocument& out);
 };
 
 // Takes an object off its parent's list, the parent off the object's, and drops the parent that counts;
