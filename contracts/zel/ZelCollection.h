@@ -13,9 +13,10 @@ class ZelCollection : public ZelNode {
   virtual bool getChildren(ZelNodeList& children) const = 0;
   // Replaces `ids` by the whole list of children, shared ones included, each id once.
   virtual bool getChildrenIds(ApiPmIdList& ids) const = 0;
-  // Makes an object with this id, class and type, places it under this collection at the unit placement, and
-  // publishes it. An empty class name takes that of the type. Answers the child also when it was made but
-  // could not be placed under this collection; null when it could not be made, and then nothing was made.
+  // Makes an object with this id, class and type at the origin of the study, puts it under this collection,
+  // where it keeps that absolute placement, and publishes it. An empty class name takes that of the type.
+  // Answers the child also when it was made but could not be placed under this collection; null when it could
+  // not be made, and then nothing was made.
   virtual ZelNode* createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) = 0;
   virtual ZelNode* createChild(ZelNodeType type, const ApiPmId& id) = 0;
   // Takes `child` from wherever it stands and puts it at the end of this collection; its absolute placement
