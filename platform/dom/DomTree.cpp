@@ -342,6 +342,19 @@ void touch(Node* node) noexcept {
 }
 
 void moveTo(Node* parent, Node* child, bool toFront) {
+  if (child->parent == parent && parent->isElement() && !toFront && child->type == NODE_ELEMENT) {
+    Node* const top = rootOf(parent);
+    if (top->type != NODE_DOCUMENT || asDocument(top)->indexes == nullptr) {
+      // To the end of its own siblings: the tree, its handles and its levels stay, so the subtree is not
+      // walked.
+      Node* first = parent->first();
+      unlink(first, child);
+      parent->setFirst(first);
+      linkLast(parent, child);
+      touch(parent);
+      return;
+    }
+  }
   Node* const from = child->parent != nullptr ? rootOf(child) : nullptr;
   if (from != nullptr) cut(child);
   Node* const root = rootOf(parent);

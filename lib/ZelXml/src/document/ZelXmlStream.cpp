@@ -2,6 +2,7 @@
 
 #include "api/ApiPmSessionManager.h"
 #include "document/ZelXmlFields.h"
+#include "document/ZelXmlLongLists.h"
 #include "document/ZelXmlLookup.h"
 #include "dom/IXMLDOMElement.h"
 
@@ -91,6 +92,13 @@ bool zelXmlPublishUpdate(const IXMLDOMDocument& out, const IXMLDOMNode& element)
   std::vector<IXMLDOMNode> kept;
   IXMLDOMNode former;
   if (zelXmlFindNodeById(out, id, former)) {
+    // A copy that lacks only items appended since gets these, and the place that a new one would have.
+    const IXMLDOMNode section = former.parentNode();
+    std::string_view command;
+    if (section.getAttribute("command", command) && command == ZELXML_UPDATE_COMMAND &&
+        zelXmlLongLists().patch(element, former)) {
+      return section.appendChild(former);
+    }
     for (const std::string_view name : {"comment", "name"}) {
       IXMLDOMNode field;
       if (zelXmlSelectChild(former, name, field)) kept.push_back(field.cloneNode(true));
@@ -113,6 +121,7 @@ bool zelXmlPublishClone(const IXMLDOMDocument& out, const IXMLDOMNode& element,
   std::string_view id;
   if (!copy.getAttribute("ExternalId", id)) return false;
   ApiPmSessionManager::the().cacheNode(out, ApiPmId(id), copy);
+  zelXmlLongLists().published(element, copy);
   return true;
 }
 

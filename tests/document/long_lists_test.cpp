@@ -1,0 +1,56 @@
+#include <random>
+
+#include "document/DocumentTest.h"
+
+using namespace document_test;
+
+namespace {
+
+class DocumentLongLists : public DocumentTest {};
+
+}  // namespace
+
+// However an element with a long list is changed between publications, its copy is that of an element which
+// is published from nothing, with the comment and the name that were published apart.
+TEST_F(DocumentLongLists, PublishingPatchesNothingThatItShouldCopy) {
+  const unsigned seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  std::string items;
+  for (int i = 0; i < 100; ++i) items += "<item>c" + std::to_string(i) + "</item>";
+  open("<P ExternalId=\"p\"><name>n</name><children>" + items +
+       "</children><layout/></P><Q ExternalId=\"q\"/>");
+  const IXMLDOMNode p = element("p"), q = element("q");
+  ASSERT_TRUE(zelXmlPublishUpdate(out, p));
+  int made = 0;
+  for (int step = 0; step < 400; ++step) {
+    const std::string number = std::to_string(++made);
+    switch (random() % 8) {
+      case 0:
+        EXPECT_TRUE(zelXmlRemoveChildItem(p, ApiPmId("c" + std::to_string(random() % 100))));
+        break;
+      case 1:
+        EXPECT_TRUE(zelXmlPublishField(out, at(p, "name")));
+        break;
+      case 2:
+        EXPECT_TRUE(at(p, "layout").putText(number));
+        break;
+      case 3:
+        EXPECT_TRUE(zelXmlPublishUpdate(out, q));
+        break;
+      default:
+        EXPECT_TRUE(zelXmlAddChildItem(p, ApiPmId("n" + number)));
+    }
+    if (random() % 3 == 0) continue;
+    ASSERT_TRUE(zelXmlPublishUpdate(out, p));
+    IXMLDOMNode section = at(out, "Data/Objects");
+    IXMLDOMElement last;
+    for (auto each = section.firstElementChild(); each; each = each.nextElementSibling()) last = each;
+    const IXMLDOMDocument fresh = IXMLDOMDocument::create();
+    ASSERT_TRUE(zelXmlPublishUpdate(fresh, p));
+    std::string expected = at(fresh, "Data/Objects/P").xml();
+    IXMLDOMNode name;
+    if (last.selectSingleNode("name", name)) expected.insert(expected.size() - 4, name.xml());
+    ASSERT_EQ(last.xml(), expected) << "step " << step;
+  }
+}
