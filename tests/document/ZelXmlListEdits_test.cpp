@@ -59,18 +59,6 @@ TEST_F(DocumentListEdits, RemovingWhatIsNotThereIsTrueForChildrenAndFalseForPare
   EXPECT_EQ(root(out), updates(p.xml()));
 }
 
-TEST_F(DocumentListEdits, TextsAreWrittenIntoExistingFieldsOnly) {
-  const IXMLDOMNode p = element("p"), bare = element("bare");
-  EXPECT_TRUE(zelXmlSetParentTextFromElement(p, bare));
-  EXPECT_EQ(at(p, "parent").text(), "bare");
-  EXPECT_TRUE(zelXmlSetParentText(p, "x"));
-  EXPECT_EQ(at(p, "parent").text(), "x");
-  EXPECT_TRUE(zelXmlClearField(p, "parent"));
-  EXPECT_EQ(at(p, "parent").text(), "");
-  EXPECT_FALSE(zelXmlSetParentText(bare, "x") || zelXmlSetLinkText(p, "x") || zelXmlClearField(p, "x"));
-  EXPECT_EQ(bare.xml(), "<PmStudyLayout ExternalId=\"bare\"/>");
-}
-
 TEST_F(DocumentListEdits, FamiliesAreFilledInByClass) {
   open("<PmLayout/><PmStudyLayout><NodeInfo><family>old</family></NodeInfo></PmStudyLayout><Strange/>");
   const std::string info = "<NodeInfo><family>";

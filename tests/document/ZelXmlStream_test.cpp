@@ -40,14 +40,6 @@ TEST_F(DocumentStream, SectionsAreMadeOnceEachBehindOneDeclaration) {
   EXPECT_TRUE(parse(saved.str()));
 }
 
-TEST_F(DocumentStream, ADocumentWithAnotherRootGetsNoSection) {
-  const IXMLDOMDocument other = parse("<Other/>");
-  IXMLDOMNode section;
-  EXPECT_FALSE(zelXmlEnsureStreamSection(other, ZELXML_UPDATE_COMMAND, section));
-  EXPECT_FALSE(zelXmlEnsureStreamSection(none, ZELXML_UPDATE_COMMAND, section));
-  EXPECT_EQ(other.xml(), parse("<Other/>").xml());
-}
-
 TEST_F(DocumentStream, NewObjectsAreFoundBeforeTheyStandAnywhere) {
   IXMLDOMNode made, found;
   EXPECT_TRUE(zelXmlCreateObjectElement(study, "S", "s", made));
@@ -84,15 +76,6 @@ TEST_F(DocumentStream, ALaterWholeElementKeepsCommentAndNameAndLosesTheCaption) 
   EXPECT_TRUE(zelXmlPublishUpdate(out, p));
   EXPECT_EQ(root(out),
             updates("<P ExternalId=\"p\"><weight>1</weight><comment>d</comment><name>n</name></P>"));
-}
-
-TEST_F(DocumentStream, AnElementHandedOverDirectlyIsAddedBesideAFormerOne) {
-  EXPECT_TRUE(zelXmlPublishClone(out, p) && zelXmlPublishClone(out, p));
-  EXPECT_EQ(root(out), updates(whole + whole));
-  IXMLDOMNode found;
-  EXPECT_TRUE(zelXmlFindNodeById(out, std::string_view("p"), found));
-  EXPECT_FALSE(found.nextElementSibling());
-  EXPECT_FALSE(zelXmlPublishClone(out, at(study, "Data/Objects/R")));
 }
 
 TEST_F(DocumentStream, NamedFieldsMakeAnElementOfTheirOwnOrReplaceThoseThatStandThere) {

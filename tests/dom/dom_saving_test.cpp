@@ -117,27 +117,4 @@ TEST_F(DomSaving, KeepsPermissionsAndFollowsLinks) {
   EXPECT_EQ(now.st_mode & 07777u, 0640u);
 }
 
-TEST_F(DomSaving, RefusesTargetsThatAreNoFile) {
-  const IXMLDOMDocument document = parsed("<a/>");
-  DomError error;
-  EXPECT_FALSE(document.save(folder_.string(), &error));
-  EXPECT_EQ(error.reason, "the target is not a regular file");
-  EXPECT_FALSE(document.save("/dev/null", &error));
-  EXPECT_FALSE(document.save((folder_ / "none" / "x.xml").string(), &error));
-  EXPECT_EQ(error.reason, "cannot create a temporary file beside it: No such file or directory");
-  EXPECT_FALSE(IXMLDOMDocument::create().save(target_, &error)) << "no element, no XML";
-  EXPECT_EQ(files(), 0u);
-  std::ostringstream stream;
-  stream.setstate(std::ios::badbit);
-  EXPECT_FALSE(document.save(stream, &error));
-  EXPECT_EQ(error.message(), "cannot write the stream");
-}
-
-TEST_F(DomSaving, ALongNameIsNoHindrance) {
-  const std::string target = (folder_ / (std::string(251, 'n') + ".xml")).string();
-  DomError error;
-  EXPECT_TRUE(parsed("<a/>").save(target, &error)) << error.message();
-  EXPECT_EQ(contentOf(target), "<a/>");
-}
-
 }  // namespace

@@ -17,6 +17,12 @@ constexpr const char* study = R"(<Data><Objects>
 <p:q i="9" p:r="s"><a i="10"><a i="11"><b i="12"/></a><b i="13"/></a><m i="14">x<k i="15">y</k><![CDATA[z]]></m></p:q>
 </Objects></Data>)";
 
+// The id of an element, or else its name.
+std::string label(const IXMLDOMNode& node) {
+  const IXMLDOMNode id = node.getNamedItem("i");
+  return std::string(id ? id.nodeValue() : node.nodeName());
+}
+
 // The ids of the matches, in order, or "refused".
 std::string matches(const IXMLDOMNode& node, std::string_view xpath) {
   IXMLDOMNodeList found;
@@ -27,9 +33,8 @@ std::string matches(const IXMLDOMNode& node, std::string_view xpath) {
   }
   std::string ids;
   for (const IXMLDOMNode& match : found) {
-    const IXMLDOMNode id = match.getNamedItem("i");
     if (!ids.empty()) ids += ' ';
-    ids += id ? id.nodeValue() : std::string(match.nodeName());
+    ids += label(match);
   }
   return ids;
 }
@@ -42,116 +47,53 @@ TEST_F(DomXPath, FindsOrRefuses) {
   };
   const Case cases[] = {
       {"", "Data", "Data"},
-      {"", "/Data", "Data"},
-      {"", "//Data", "Data"},
       {"", " / Data / Objects / Part ", "1 2"},
-      {"", "Objects", ""},
       {"", "Data/Objects/*", "1 2 3 7 9"},
-      {"", "Data/Objects/Part", "1 2"},
-      {"", "Data/Objects/*/NodeInfo/family", "family family"},
-      {"", "Data/Objects/*[NodeInfo/family='Study']", "1"},
       {"", "Data/Objects/*[NodeInfo/family=\"Study\"][@i]", "1"},
       {"", "/Data/Objects/*[(variant != 'NULL') and (variant != '')]", "2"},
-      {"", "Data/Objects/*[variant != 'NULL']", "2 3"},
-      {"", "Data/Objects/*[variant='']", "3"},
-      {"", "Data/Objects/*[layout]", "3 7"},
       {"", "Data/Objects/*[layout!='L']", "7"},
       {"", "Data/Objects/*[layout='M' and layout='L']", "7"},
       {"", "Data/Objects/*[((layout='L') and (@i='3'))]", "3"},
       {"", "Data/Objects/*[plcInfo//BranchType='1']", "3"},
       {"", "Data/Objects/*[*/*]", "1 2 3 9"},
-      {"", "Data/Objects/*[@ExternalId!='A']", "2 3"},
       {"", "//*[@ExternalId=\"B'\"]", "2"},
       {"", "//*[@ExternalId='C\"']", "3"},
       {"", "//*[@ExternalId='A' and @i='1']", "1"},
-      {"", "//*[@ExternalId='']", ""},
       {"", "//*[@never_seen_before='x']", ""},
       {"", "//*[layout=\"L\"]", "3 7"},
-      {"", "//*[variant='']", "3"},
       {"", "//*[m='xyz']", "9"},
-      {"", "//*[Data='x']", ""},
-      {"", "//*[@p:r='s']", "9"},
       {"", "//p:q/a", "10"},
-      {"", "//a", "10 11"},
       {"", "//a/b", "12 13"},
-      {"", "//a//b", "12 13"},
       {"", "//*//b", "12 13"},
-      {"", "//a[b]", "10 11"},
       {"", "//a[a[b]]", "10"},
       {"", "//a[a]/b", "13"},
-      {"", "//and[and]", "7"},
       {"", "//and[and and layout]", "7"},
       {"3", "plcInfo//BranchType", "5 6"},
-      {"3", "plcInfo/BranchType", "6"},
-      {"3", "layout", "layout"},
       {"3", "//and", "7 8"},
       {"3", "//*[@ExternalId='A']", "1"},
-      {"3", "/Data/Objects/Tool", "3"},
-      {"3", "Tool", ""},
       {"10", "a//b", "12"},
-      {"10", "*", "11 13"},
-      {"", "", "refused"},
-      {"", " ", "refused"},
-      {"", "/", "refused"},
-      {"", "//", "refused"},
-      {"", "Data/", "refused"},
-      {"", "///Data", "refused"},
-      {"", "Data Objects", "refused"},
-      {"", ".", "refused"},
-      {"", "..", "refused"},
-      {"", ".//a", "refused"},
-      {"", "a/..", "refused"},
-      {"", "@i", "refused"},
-      {"", "a/@i", "refused"},
-      {"", "a[1]", "refused"},
-      {"", "a[last()]", "refused"},
-      {"", "a[]", "refused"},
-      {"", "a[b", "refused"},
-      {"", "a]", "refused"},
-      {"", "a[b=]", "refused"},
-      {"", "a[b=c]", "refused"},
-      {"", "a['x'=b]", "refused"},
-      {"", "a[b='x]", "refused"},
-      {"", "a[b='x'y]", "refused"},
-      {"", "a[b<'1']", "refused"},
-      {"", "a[b='1' or c='2']", "refused"},
-      {"", "a[b and]", "refused"},
-      {"", "a[b andc]", "refused"},
-      {"", "a[(b]", "refused"},
-      {"", "a[b)]", "refused"},
-      {"", "a[(b)='x']", "refused"},
-      {"", "a[/b]", "refused"},
-      {"", "a[//b]", "refused"},
-      {"", "a[not(b)]", "refused"},
-      {"", "a|b", "refused"},
-      {"", "text()", "refused"},
-      {"", "child::a", "refused"},
-      {"", "p:*", "refused"},
-      {"", "@*", "refused"},
-      {"", "a[@*]", "refused"},
-      {"", "$a", "refused"},
-      {"", "a\x01", "refused"},
-      {"", "\xFF", "refused"},
-      {"", "//*[@ExternalId=\"B\"x\"]", "refused"},
-      {"", "//*[@ExternalId='B'']", "refused"},
-      {"", "//*[@ExternalId='A'] or true()", "refused"},
-      {"", "a[a[a[a[a[a[a[a[a[a]]]]]]]]]", "refused"},
   };
   const IXMLDOMDocument document = parsed(study);
+  const std::vector<std::vector<const char*>> refused = {
+      {"", " ", "/", "//", "Data/", "///Data", "Data Objects", "a]", "a\x01", "\xFF"},
+      {".", "..", ".//a", "a/..", "@i", "a/@i", "a|b", "text()", "child::a", "p:*", "@*", "$a"},
+      {"a[1]", "a[last()]", "a[]", "a[b", "a[(b]", "a[b)]", "a[/b]", "a[//b]", "a[not(b)]", "a[@*]"},
+      {"a[b=]", "a[b=c]", "a['x'=b]", "a[b='x]", "a[b='x'y]", "a[b<'1']", "a[(b)='x']"},
+      {"a[b='1' or c='2']", "a[b and]", "a[b andc]", "a[a[a[a[a[a[a[a[a[a]]]]]]]]]"},
+      {"//*[@ExternalId=\"B\"x\"]", "//*[@ExternalId='B'']", "//*[@ExternalId='A'] or true()"},
+  };
+  for (const auto& kind : refused)
+    for (const char* xpath : kind) EXPECT_EQ(matches(document, xpath), "refused") << xpath;
   for (const Case& c : cases) {
     const IXMLDOMNode from =
         *c.from != '\0' ? at(document, std::string("//*[@i='") + c.from + "']") : IXMLDOMNode(document);
     for (const char* round : {"compiled", "from the cache"}) {
       const std::string text = c.xpath;  // at another address each time
-      EXPECT_EQ(matches(from, text), c.expected) << c.xpath << " " << round;
-      IXMLDOMNode one;
-      const bool found = from.selectSingleNode(text, one);
       const std::string expected = c.expected;
-      EXPECT_EQ(found, !expected.empty() && expected != "refused") << c.xpath;
-      EXPECT_EQ(found, static_cast<bool>(one)) << c.xpath;
-      const IXMLDOMNode id = one.getNamedItem("i");
-      EXPECT_EQ(id ? id.nodeValue() : one.nodeName(), found ? expected.substr(0, expected.find(' ')) : "")
-          << c.xpath;
+      EXPECT_EQ(matches(from, text), expected) << c.xpath << " " << round;
+      IXMLDOMNode one;
+      EXPECT_EQ(from.selectSingleNode(text, one), !expected.empty()) << c.xpath;
+      EXPECT_EQ(label(one), expected.substr(0, expected.find(' '))) << c.xpath;
     }
   }
 }
@@ -159,15 +101,12 @@ TEST_F(DomXPath, FindsOrRefuses) {
 TEST_F(DomXPath, OtherNodesAndDetachedTrees) {
   const IXMLDOMDocument document = parsed("<a><b i=\"1\">t<!--c--></b></a>");
   const IXMLDOMNode b = at(document, "a/b");
-  EXPECT_EQ(matches(b.childNodes().item(0), "b"), "");
   EXPECT_EQ(matches(b.childNodes().item(1), "//b"), "1");
   EXPECT_EQ(matches(b.getNamedItem("i"), "/a/b"), "1");
   ASSERT_TRUE(at(document, "a").removeChild(b));
   EXPECT_EQ(matches(document, "//*[@i='1']"), "");
   // The topmost node of a detached tree stands where a document element would.
   for (const char* xpath : {"//b", "/b", "/*", "//*[@i='1']"}) EXPECT_EQ(matches(b, xpath), "1") << xpath;
-  EXPECT_EQ(matches(b, "//a"), "");
-  EXPECT_EQ(matches(document.createTextNode("t"), "//b"), "");
 }
 
 TEST_F(DomXPath, MoreTextsThanTheCacheKeeps) {
@@ -192,40 +131,39 @@ class Edits {
   void step() {
     const IXMLDOMDocument document = documents_[below(2)];
     std::vector<IXMLDOMElement> all = elementsBelow(document);
+    const int kind = std::array{0, 0, 0, 1, 2, 3, 4, 5, 6, 7, 8}[below(all.size() > 60 ? 11 : 10)];
     const IXMLDOMElement a = all[below(all.size())], b = all[below(all.size())];
-    switch (below(all.size() > 60 ? 11 : 10)) {
-      case 0:
-      case 1:
-      case 2: {
+    switch (kind) {
+      case 0: {
         const IXMLDOMElement fresh = document.createElement(name());
         if (below(2) == 0) fresh.putText(value());
         if (below(2) == 0) fresh.setAttribute("id", value());
         a.appendChild(fresh);
         break;
       }
-      case 3:
+      case 1:
         a.setAttribute("id", value());
         break;
-      case 4:
+      case 2:
         a.removeAttribute("id");
         break;
-      case 5:
+      case 3:
         if (!a.firstElementChild()) a.putText(value());
         break;
-      case 6:
+      case 4:
         a.appendChild(document.createTextNode(value()));
         break;
-      case 7: {
+      case 5: {
         const std::vector<IXMLDOMElement> other = elementsBelow(documents_[below(2)]);
         other[below(other.size())].appendChild(a);
         break;
       }
-      case 8:
+      case 6:
         for (const IXMLDOMNode& child : a.childNodes()) {
           if (child.nodeType() == NODE_TEXT) child.putNodeValue(value());
         }
         break;
-      case 9: {
+      case 7: {
         const IXMLDOMNode attribute = document.createNode(NODE_ATTRIBUTE, "id");
         attribute.putNodeValue(value());
         a.setAttributeNode(attribute);

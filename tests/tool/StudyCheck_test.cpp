@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
-#include "StudyGenerator.h"
 #include "tool/ToolRun.h"
 
 namespace {
@@ -13,68 +13,46 @@ using namespace tool_test;
 using zelstudy::Finding;
 using Strings = std::vector<std::string>;
 
-std::string placed(std::string_view element, std::string_view id, int x, std::string_view rest,
-                   int absolute) {
-  const std::string name(element);
+// A layout at (x, 0, 0).
+std::string placed(const std::string& name, std::string_view id, int x, std::string_view rest = "") {
   return "<" + name + " ExternalId=\"" + std::string(id) + "\"><location><item>" + std::to_string(x) +
          "</item><item/><item/></location><rotation><item/><item/><item/></rotation>" + std::string(rest) +
-         "<NodeInfo><family>" + name + "</family>" +
-         (name == "PmLayout" ? "<absoluteLocation><x>" + std::to_string(absolute) +
-                                   "</x><y/><z/><rx/><ry/><rz/></absoluteLocation>"
-                             : "") +
-         "</NodeInfo></" + name + ">\n";
+         "<NodeInfo><family>" + name +
+         "</family><absoluteLocation><x>0</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo></" + name +
+         ">";
 }
 
 std::string family(std::string_view name) {
   return "<NodeInfo><family>" + std::string(name) + "</family></NodeInfo>";
 }
 
-const std::string studyLayout = placed("PmStudyLayout", "SL", 10, "<children/><parent>NULL</parent>", 0);
+const std::string studyLayout = placed("PmStudyLayout", "SL", 10, "<children/><parent>NULL</parent>");
 
 // In order, one line each, from line 2: the study S with a shortcut K to A; A, with the child B; the label L
 // of B, the prototype P of B with representation D and file F; the operation O; the root C.
-const std::string healthy =
-    "<Data><Objects>\n"
-    "<MarvekStudy ExternalId=\"S\"><children><item>K</item></children><info><item>I</item></info>" +
-    family("Study") +
-    "</MarvekStudy>\n"
-    "<PmShortcut ExternalId=\"K\"><parent>S</parent><linkExternalID>A</linkExternalID>" +
-    family("Shortcut") +
-    "</PmShortcut>\n"
-    "<MarvekStudyInfo ExternalId=\"I\"><layout>SL</layout></MarvekStudyInfo>\n" +
-    studyLayout +
-    "<PmCompoundPart ExternalId=\"A\"><parents/><children><item>B</item></children><layout>LA</layout>" +
-    family("Product") + "</PmCompoundPart>\n" +
-    placed("PmLayout", "LA", 10, "<children><item>LB</item></children><parent>NULL</parent><node>A</node>",
-           10) +
-    "<PmPartInstance "
-    "ExternalId=\"B\"><parents><item>A</item></parents><layout>LB</layout><prototype>P</prototype>"
-    "<labels><item>L</item></labels>" +
-    family("Product") + "</PmPartInstance>\n" +
-    placed("PmLayout", "LB", 1, "<children/><parent>LA</parent><node>B</node>", 11) +
-    "<Label ExternalId=\"L\"><node>B</node><noteLocation>1._0._0._0._0._0.</noteLocation>" + family("Label") +
-    "</Label>\n"
-    "<PmPartPrototype ExternalId=\"P\"><threeDRep>D</threeDRep><weight>2.5</weight>" +
-    family("PartPrototype") +
-    "</PmPartPrototype>\n"
-    "<Pm3DRep ExternalId=\"D\"><file>F</file>" +
-    family("ExternalDocument") +
-    "</Pm3DRep>\n"
-    "<PmReferenceFile ExternalId=\"F\"><Signal ExternalId=\"G\"/>" +
-    family("PmReferenceFile") +
-    "</PmReferenceFile>\n"
-    "<PmOperation ExternalId=\"O\"><processResource>B</processResource><variant>NULL</variant>" +
-    family("Operation") +
-    "</PmOperation>\n"
-    "<PmCompoundPart ExternalId=\"C\"><parents/><children/><layout>LC</layout>" +
-    family("Product") + "</PmCompoundPart>\n" +
-    placed("PmLayout", "LC", 0, "<children/><parent>NULL</parent><node>C</node>", 0) + "</Objects></Data>\n";
+const std::string healthy = R"(<Data><Objects>
+<MarvekStudy ExternalId="S"><children><item>K</item></children><info><item>I</item></info><NodeInfo><family>Study</family></NodeInfo></MarvekStudy>
+<PmShortcut ExternalId="K"><parent>S</parent><linkExternalID>A</linkExternalID><NodeInfo><family>Shortcut</family></NodeInfo></PmShortcut>
+<MarvekStudyInfo ExternalId="I"><layout>SL</layout></MarvekStudyInfo>
+)" + studyLayout + R"(
+<PmCompoundPart ExternalId="A"><parents/><children><item>B</item></children><layout>LA</layout><NodeInfo><family>Product</family></NodeInfo></PmCompoundPart>
+<PmLayout ExternalId="LA"><location><item>10</item><item/><item/></location><rotation><item/><item/><item/></rotation><children><item>LB</item></children><parent>NULL</parent><node>A</node><NodeInfo><family>PmLayout</family><absoluteLocation><x>10</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo></PmLayout>
+<PmPartInstance ExternalId="B"><parents><item>A</item></parents><layout>LB</layout><prototype>P</prototype><labels><item>L</item></labels><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>
+<PmLayout ExternalId="LB"><location><item>1</item><item/><item/></location><rotation><item/><item/><item/></rotation><children/><parent>LA</parent><node>B</node><NodeInfo><family>PmLayout</family><absoluteLocation><x>11</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo></PmLayout>
+<Label ExternalId="L"><node>B</node><noteLocation>1._0._0._0._0._0.</noteLocation><NodeInfo><family>Label</family></NodeInfo></Label>
+<PmPartPrototype ExternalId="P"><threeDRep>D</threeDRep><weight>2.5</weight><NodeInfo><family>PartPrototype</family></NodeInfo></PmPartPrototype>
+<Pm3DRep ExternalId="D"><file>F</file><NodeInfo><family>ExternalDocument</family></NodeInfo></Pm3DRep>
+<PmReferenceFile ExternalId="F"><Signal ExternalId="G"/><NodeInfo><family>PmReferenceFile</family></NodeInfo></PmReferenceFile>
+<PmOperation ExternalId="O"><processResource>B</processResource><variant>NULL</variant><NodeInfo><family>Operation</family></NodeInfo></PmOperation>
+<PmCompoundPart ExternalId="C"><parents/><children/><layout>LC</layout><NodeInfo><family>Product</family></NodeInfo></PmCompoundPart>
+<PmLayout ExternalId="LC"><location><item>0</item><item/><item/></location><rotation><item/><item/><item/></rotation><children/><parent>NULL</parent><node>C</node><NodeInfo><family>PmLayout</family><absoluteLocation><x>0</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo></PmLayout>
+</Objects></Data>
+)";
 
 struct Case {
-  std::string code, severity;
+  std::string code;
   std::vector<std::pair<std::string, std::string>> changes;  // "" stands before the end of the objects
-  Strings ids;
-  unsigned line;
+  Strings ids;  // the first one is of the object whose line is told
   std::string field;
 };
 
@@ -82,203 +60,85 @@ const std::string inB = "<parents><item>A</item></parents>", childB = "<children
                   listsLB = "<item>LB</item>", parentLA = "<parent>LA</parent>";
 
 const std::vector<Case> cases = {
-    {"id-missing", "error", {{" ExternalId=\"O\"", ""}}, {}, 14, "ExternalId"},
-    {"id-missing", "error", {{"\"O\"", "\"NULL\""}}, {}, 14, "ExternalId"},
-    {"id-duplicate", "error", {{"\"O\"", "\"F\""}}, {"F"}, 14, "ExternalId"},
-    {"family-missing", "error", {{family("Operation"), ""}}, {"O"}, 14, "family"},
-    {"family-class", "error", {{"<family>Operation", "<family>PmFlow"}}, {"O"}, 14, "family"},
-    {"number", "error", {{"2.5", "2,5"}}, {"P"}, 11, "weight"},
-    {"number", "error", {{"<item>1<", "<item>1m<"}}, {"LB"}, 9, "location"},
-    {"number", "error", {{"<x>11<", "<x>nan<"}}, {"LB"}, 9, "NodeInfo/absoluteLocation"},
-    {"number",
-     "error",
-     {{"<family>Operation</family>", "<family>Operation</family><Id>1.5</Id>"}},
-     {"O"},
-     14,
-     "NodeInfo/Id"},
-    {"number", "error", {{"1._0._0._0._0._0.", "1._0._0._0._0."}}, {"L"}, 10, "noteLocation"},
-    {"location", "error", {{"<x>11</x>", ""}}, {"LB"}, 9, "NodeInfo/absoluteLocation"},
-    {"location", "error", {{"<item>1</item>", ""}}, {"LB"}, 9, "location"},
-    {"reference", "error", {{"<prototype>P", "<prototype>Q"}}, {"B", "Q"}, 8, "prototype"},
-    {"reference", "error", {{"<layout>LB", "<layout>Q"}}, {"B", "Q"}, 8, "layout"},
+    {"id-missing", {{" ExternalId=\"O\"", ""}}, {}, "ExternalId"},
+    {"id-duplicate", {{"\"O\"", "\"F\""}}, {"F"}, "ExternalId"},
+    {"family-missing", {{family("Operation"), ""}}, {"O"}, "family"},
+    {"family-class", {{"<family>Operation", "<family>PmFlow"}}, {"O"}, "family"},
+    {"number", {{"2.5", "2,5"}}, {"P"}, "weight"},
+    {"number", {{"<x>11<", "<x>nan<"}}, {"LB"}, "NodeInfo/absoluteLocation"},
+    {"number", {{"1._0._0._0._0._0.", "1._0._0._0._0."}}, {"L"}, "noteLocation"},
+    {"location", {{"<x>11</x>", ""}}, {"LB"}, "NodeInfo/absoluteLocation"},
+    {"reference", {{"<prototype>P", "<prototype>Q"}}, {"B", "Q"}, "prototype"},
     {"reference",
-     "error",
-     {{"<node>B</node><NodeInfo>", "<node>Q</node><NodeInfo>"}},
-     {"LB", "Q"},
-     9,
-     "node"},
-    {"reference", "error", {{"<item>B</item>", "<item>B</item><item>Q</item>"}}, {"A", "Q"}, 6, "children"},
-    {"reference", "error", {{"<item>L</item>", "<item>L</item><item>Q</item>"}}, {"B", "Q"}, 8, "labels"},
-    {"reference",
-     "error",
-     {{"<item>I</item>", "<item>Q</item>"},
-      {"<MarvekStudyInfo ExternalId=\"I\"><layout>SL</layout></MarvekStudyInfo>\n" + studyLayout, ""}},
-     {"S", "Q"},
-     2,
-     "info"},
-    {"reference", "error", {{"<threeDRep>D", "<threeDRep>Q"}}, {"P", "Q"}, 11, "threeDRep"},
-    {"reference", "error", {{"<file>F", "<file>Q"}}, {"D", "Q"}, 12, "file"},
-    {"reference",
-     "error",
      {{"<prototype>P</prototype>",
        "<prototype/><masterObj><BrimID><ProcessModelID>Q</ProcessModelID></BrimID></masterObj>"}},
      {"B", "Q"},
-     8,
      "masterObj"},
-    {"reference-left",
-     "debris",
-     {{"<processResource>B", "<processResource>Q"}},
-     {"O", "Q"},
-     14,
-     "processResource"},
-    {"reference-left", "debris", {{"<node>B</node><note", "<node>Q</node><note"}}, {"L", "Q"}, 10, "node"},
-    {"reference-kind",
-     "error",
-     {{"<item>L</item>", "<item>L</item><item>P</item>"}},
-     {"B", "P"},
-     8,
-     "labels"},
-    {"reference-kind",
-     "error",
-     {{"<item>K</item>", "<item>K</item><item>C</item>"}, {"<item>I</item>", "<item>I</item><item/>"}},
-     {"S", "C"},
-     2,
-     "children"},
-    {"reference-kind", "error", {{parentLA, "<parent>A</parent>"}, {listsLB, ""}}, {"LB", "A"}, 9, "parent"},
-    {"repeated",
-     "error",
-     {{"<item>L</item>", "<item>L</item><item>L</item><item>L</item>"}},
-     {"B", "L"},
-     8,
-     "labels"},
-    {"child-without-parent", "error", {{inB, "<parents/>"}}, {"A", "B"}, 6, "children"},
-    {"parent-without-child", "error", {{childB, "<children/>"}}, {"B", "A"}, 8, "parents"},
-    {"parent-lost",
-     "debris",
-     {{inB, "<parents><item>A</item><item>Q</item></parents>"}},
-     {"B", "Q"},
-     8,
-     "parents"},
+    {"reference-left", {{"<processResource>B", "<processResource>Q"}}, {"O", "Q"}, "processResource"},
+    {"reference-kind", {{"<item>L</item>", "<item>L</item><item>P</item>"}}, {"B", "P"}, "labels"},
+    {"repeated", {{"<item>L</item>", "<item>L</item><item>L</item><item>L</item>"}}, {"B", "L"}, "labels"},
+    {"child-without-parent", {{inB, "<parents/>"}}, {"A", "B"}, "children"},
+    {"parent-without-child", {{childB, "<children/>"}}, {"B", "A"}, "parents"},
+    {"parent-lost", {{inB, "<parents><item>A</item><item>Q</item></parents>"}}, {"B", "Q"}, "parents"},
     {"cycle",
-     "error",
      {{"<processResource>",
        "<children><item>O</item></children><parents><item>O</item></parents><processResource>"}},
      {"O"},
-     14,
      "children"},
-    {"label-node", "error", {{"<node>B</node><note", "<node>A</node><note"}}, {"L", "A"}, 10, "node"},
-    {"layout-node",
-     "error",
-     {{"<node>B</node><NodeInfo>", "<node>C</node><NodeInfo>"}},
-     {"LB", "B", "C"},
-     9,
-     "node"},
-    {"layout-node",
-     "error",
-     {{"", placed("PmLayout", "X", 0, "<parent/><node>C</node>", 0)}},
-     {"X", "C"},
-     17,
-     "node"},
-    {"layout-shared", "error", {{"<layout>LC", "<layout>LB"}}, {"C", "LB", "B"}, 15, "layout"},
-    {"layout-unused", "error", {{"", placed("PmStudyLayout", "X", 0, "", 0)}}, {"X"}, 17, ""},
+    {"label-node", {{"<node>B</node><note", "<node>A</node><note"}}, {"L", "A"}, "node"},
+    {"layout-node", {{"<node>B</node><NodeInfo>", "<node>C</node><NodeInfo>"}}, {"LB", "B", "C"}, "node"},
+    {"layout-node", {{"", placed("PmLayout", "X", 0, "<parent/><node>C</node>")}}, {"X", "C"}, "node"},
+    {"layout-shared", {{"<layout>LC", "<layout>LB"}}, {"C", "LB", "B"}, "layout"},
+    {"layout-unused", {{"", placed("PmStudyLayout", "X", 0)}}, {"X"}, ""},
     {"layout-orphan",
-     "debris",
-     {{"", placed("PmLayout", "X", 0, "<children><item>LB</item></children><node>Q</node>", 5)}},
+     {{"", placed("PmLayout", "X", 0, "<children><item>LB</item></children><node>Q</node>")}},
      {"X", "Q"},
-     17,
      "node"},
-    {"layout-parent", "error", {{listsLB, ""}}, {"LB", "LA"}, 9, "parent"},
-    {"layout-children", "error", {{parentLA, "<parent>NULL</parent>"}}, {"LA", "LB"}, 7, "children"},
-    {"layout-children", "error", {{parentLA, "<parent>Q</parent>"}}, {"LA", "LB"}, 7, "children"},
-    {"layout-detached",
-     "error",
-     {{parentLA, "<parent>NULL</parent>"}, {listsLB, ""}},
-     {"LB", "B"},
-     9,
-     "parent"},
-    {"layout-cleared", "debris", {{parentLA, "<parent/>"}, {listsLB, ""}}, {"LB", "B"}, 9, "parent"},
-    {"layout-parent-lost",
-     "debris",
-     {{parentLA, "<parent>Q</parent>"}, {listsLB, ""}},
-     {"LB", "Q"},
-     9,
-     "parent"},
-    {"layout-child-lost", "debris", {{listsLB, listsLB + "<item>Q</item>"}}, {"LA", "Q"}, 7, "children"},
-    {"layout-left",
-     "debris",
-     {{childB, "<children/>"}, {inB, "<parents/>"}},
-     {"LB", "LA", "B", "A"},
-     9,
-     "parent"},
-    {"layout-left", "debris", {{listsLB, listsLB + "<item>LC</item>"}}, {"LC", "LA"}, 16, "parent"},
+    {"layout-parent", {{listsLB, ""}}, {"LB", "LA"}, "parent"},
+    {"layout-children", {{parentLA, "<parent>NULL</parent>"}}, {"LA", "LB"}, "children"},
+    {"layout-detached", {{parentLA, "<parent>NULL</parent>"}, {listsLB, ""}}, {"LB", "B"}, "parent"},
+    {"layout-cleared", {{parentLA, "<parent/>"}, {listsLB, ""}}, {"LB", "B"}, "parent"},
+    {"layout-parent-lost", {{parentLA, "<parent>Q</parent>"}, {listsLB, ""}}, {"LB", "Q"}, "parent"},
+    {"layout-child-lost", {{listsLB, listsLB + "<item>Q</item>"}}, {"LA", "Q"}, "children"},
+    {"layout-left", {{childB, "<children/>"}, {inB, "<parents/>"}}, {"LB", "LA", "B", "A"}, "parent"},
     {"layout-cycle",
-     "error",
      {{"<children/><parent>NULL</parent><node>C",
        "<children><item>LC</item></children><parent>LC</parent><node>C"}},
      {"LC"},
-     16,
      "children"},
-    {"location-absolute",
-     "error",
-     {{"<x>11<", "<x>11.01<"}},
-     {"LB", "LA", "B"},
-     9,
-     "NodeInfo/absoluteLocation"},
-    {"location-absolute",
-     "error",
-     {{"<x>11</x><y/><z/><rx/>", "<x>11</x><y/><z/><rx>0.001</rx>"}},
-     {"LB", "LA", "B"},
-     9,
-     "NodeInfo/absoluteLocation"},
-    {"location-root", "error", {{"<x>0<", "<x>1<"}}, {"LC", "C"}, 16, "NodeInfo/absoluteLocation"},
-    {"study-lists", "error", {{"<item>K</item>", "<item>K</item><item/>"}}, {"S"}, 2, "info"},
+    {"location-absolute", {{"<x>11<", "<x>11.01<"}}, {"LB", "LA", "B"}, "NodeInfo/absoluteLocation"},
+    {"location-root", {{"<x>0<", "<x>1<"}}, {"LC", "C"}, "NodeInfo/absoluteLocation"},
+    {"study-lists", {{"<item>K</item>", "<item>K</item><item/>"}}, {"S"}, "info"},
     {"info-unlisted",
-     "error",
      {{"", "<MarvekStudyInfo ExternalId=\"J\"><layout>X</layout></MarvekStudyInfo>" +
-               placed("PmStudyLayout", "X", 0, "", 0)}},
+               placed("PmStudyLayout", "X", 0)}},
      {"J"},
-     17,
      ""},
-    {"info-layout", "error", {{"<layout>SL</layout>", ""}, {studyLayout, "\n"}}, {"I"}, 4, "layout"},
-    {"shortcut-parent", "error", {{"<parent>S<", "<parent>NULL<"}}, {"K", "S"}, 3, "parent"},
-    {"shortcut-target", "error", {{"ID>A<", "ID>Q<"}}, {"K", "Q"}, 3, "linkExternalID"},
-    {"shortcut-target", "error", {{"ID>A<", "ID><"}}, {"K"}, 3, "linkExternalID"},
+    {"info-layout", {{"<layout>SL</layout>", ""}, {studyLayout, "\n"}}, {"I"}, "layout"},
+    {"shortcut-parent", {{"<parent>S<", "<parent>NULL<"}}, {"K", "S"}, "parent"},
+    {"shortcut-target", {{"ID>A<", "ID>Q<"}}, {"K", "Q"}, "linkExternalID"},
     {"shortcut-twice",
-     "error",
      {{"<item>K</item>", "<item>K</item><item>M</item>"},
       {"<item>I</item>", "<item>I</item><item/>"},
       {"", "<PmShortcut ExternalId=\"M\"><parent>S</parent><linkExternalID>A</linkExternalID>" +
                family("Shortcut") + "</PmShortcut>"}},
      {"M", "A", "K"},
-     17,
      "linkExternalID"},
     {"shortcut-unlisted",
-     "debris",
      {{"", "<PmShortcut ExternalId=\"M\"><parent>S</parent><linkExternalID>Q</linkExternalID>" +
                family("Shortcut") + "</PmShortcut>"}},
      {"M"},
-     17,
      "parent"},
-    {"class-unknown",
-     "error",
-     {{"<PmOperation ", "<Drilling "}, {"</PmOperation>", "</Drilling>"}},
-     {"O"},
-     14,
-     ""},
+    {"class-unknown", {{"<PmOperation ", "<Drilling "}, {"</PmOperation>", "</Drilling>"}}, {"O"}, ""},
     {"layout-missing",
-     "error",
      {{"", "<PmPartInstance ExternalId=\"X\">" + family("Product") + "</PmPartInstance>"}},
      {"X"},
-     17,
      "layout"},
-    {"layout-node-missing", "error", {{"<node>C</node>", ""}}, {"LC", "C"}, 16, "node"},
-    {"reference-other", "error", {{"<variant>NULL", "<variant>Q"}}, {"O", "Q"}, 14, "variant"},
-    {"reference-other", "error", {{"<prototype>P", "<prototype>G"}}, {"B", "G"}, 8, "prototype"},
+    {"layout-node-missing", {{"<node>C</node>", ""}}, {"LC", "C"}, "node"},
+    {"reference-other", {{"<variant>NULL", "<variant>Q"}}, {"O", "Q"}, "variant"},
     {"study-several",
-     "error",
      {{"", "<MarvekStudy ExternalId=\"T\"><children/><info/>" + family("Study") + "</MarvekStudy>"}},
      {"T", "S"},
-     17,
      ""},
 };
 
@@ -288,6 +148,10 @@ std::vector<Finding> check(std::string_view text, bool strict) {
   EXPECT_TRUE(document.loadXML(text, &error)) << error.message() << '\n' << text;
   return zelstudy::checkStudy(document, strict);
 }
+
+const std::set<std::string> debris = {"layout-child-lost", "layout-cleared",     "layout-left",
+                                      "layout-orphan",     "layout-parent-lost", "parent-lost",
+                                      "reference-left",    "shortcut-unlisted"};
 
 TEST(StudyCheck, EveryRuleIsBrokenBySomethingThatBreaksNothingElse) {
   ASSERT_TRUE(check(healthy, true).empty()) << check(healthy, true)[0].text;
@@ -303,9 +167,12 @@ TEST(StudyCheck, EveryRuleIsBrokenBySomethingThatBreaksNothingElse) {
     ASSERT_EQ(findings.size(), 1u) << c.code << ":\n" << told << text;
     const Finding& finding = findings[0];
     EXPECT_EQ(finding.code, c.code) << told;
-    EXPECT_EQ(zelstudy::severityName(finding.severity), c.severity) << told;
+    EXPECT_EQ(zelstudy::severityName(finding.severity), debris.count(c.code) ? "debris" : "error") << told;
     EXPECT_EQ(finding.ids, c.ids) << told;
-    EXPECT_EQ(finding.line, c.line) << told;
+    const std::size_t object =
+        text.rfind(c.ids.empty() ? "<PmOperation" : " ExternalId=\"" + c.ids[0] + "\"");
+    EXPECT_EQ(static_cast<std::ptrdiff_t>(finding.line), 1 + std::ranges::count(text.substr(0, object), '\n'))
+        << told;
     EXPECT_EQ(finding.field, c.field) << told;
     broken.insert(finding.code);
     const zelstudy::CheckRule* rule = zelstudy::findCheckRule(c.code);
@@ -328,18 +195,6 @@ TEST(StudyCheck, LongCyclesAndDeepTreesAreWalked) {
   ASSERT_EQ(findings.size(), 1u);
   EXPECT_EQ(findings[0].code, "cycle");
   EXPECT_EQ(findings[0].ids.front(), "0");
-}
-
-TEST(StudyCheck, GeneratedStudiesAreClean) {
-  for (const char* studyClass : {"MarvekStudy", "LineSimulationStudy"}) {
-    zelgen::StudyOptions options;
-    options.objects = 5000;
-    options.depth = 30;
-    options.shared = 40;
-    options.studyClass = studyClass;
-    const std::vector<Finding> findings = check(zelgen::generateStudy(options), false);
-    EXPECT_TRUE(findings.empty()) << findings[0].text;
-  }
 }
 
 TEST(StudyCheck, TheProgramTellsFindingsAndRules) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "zelstudy/Utf8.h"
 
 namespace {
@@ -12,60 +10,18 @@ TEST(TextOutput, ControlCharactersBecomeVisible) {
   EXPECT_EQ(zelstudy::printable("Größe\t\x1B[31m\n\x7F\xC2\x9B!"), "Größe␉␛[31m␊␡�!");
 }
 
-TEST(TextOutput, NumbersAreShort) {
-  const struct {
-    double number;
-    std::string_view text;
-  } cases[] = {{0, "0"},
-               {-0., "0"},
-               {-1e-9, "0"},
-               {1200, "1200"},
-               {0.5, "0.5"},
-               {-3.25, "-3.25"},
-               {1.5707963267, "1.570796"},
-               {1e15, "1000000000000000"}};
-  for (const auto& [number, text] : cases) EXPECT_EQ(zelstudy::shortNumber(number), text);
-}
-
-TEST(TextOutput, ColumnsAlignByCharactersNotBytes) {
-  zelstudy::Table table({true});
-  table.row({"7", "Größe", "x"});
-  table.row({"12", "Ω", ""});
-  table.row({"3"});
-  std::ostringstream out;
-  table.print(out, "> ");
-  EXPECT_EQ(out.str(),
-            ">  7  Größe  x\n"
-            "> 12  Ω      \n"
-            ">  3\n");
-}
-
 TEST(Utf8, OnlyWellFormedTextPasses) {
   using namespace std::string_view_literals;
-  const struct {
-    std::string_view text;
-    bool utf8, xml;
-  } cases[] = {
-      {"", true, true},
-      {"a\t\r\n\x7F", true, true},
-      {"a\0b"sv, true, false},
-      {"\x1F", true, false},
-      {"\xC2\x80 \xDF\xBF \xE0\xA0\x80 \xF0\x90\x80\x80 \xF4\x8F\xBF\xBF", true, true},
-      {"\xEF\xBF\xBE", true, false},       // U+FFFE
-      {"\x80", false, false},              // no first byte
-      {"\xC1\xBF", false, false},          // overlong
-      {"\xE0\x9F\xBF", false, false},      // overlong
-      {"\xF0\x8F\xBF\xBF", false, false},  // overlong
-      {"\xED\xA0\x80", false, false},      // surrogate
-      {"\xF4\x90\x80\x80", false, false},  // above U+10FFFF
-      {"\xF8\x88\x80\x80\x80", false, false},
-      {"\xE2\x82", false, false},  // cut off
-      {"\xE2\x82 ", false, false},
-  };
-  for (const auto& [text, utf8, xml] : cases) {
-    EXPECT_EQ(zelstudy::isUtf8(text), utf8) << testing::PrintToString(text);
-    EXPECT_EQ(zelstudy::isXmlText(text), xml) << testing::PrintToString(text);
-  }
+  for (const std::string_view text :
+       {"a\t\r\n\x7F"sv, "\xC2\x80 \xDF\xBF \xE0\xA0\x80 \xF0\x90\x80\x80 \xF4\x8F\xBF\xBF"sv})
+    EXPECT_TRUE(zelstudy::isUtf8(text) && zelstudy::isXmlText(text)) << testing::PrintToString(text);
+  for (const std::string_view text : {"a\0b"sv, "\x1F"sv, "\xEF\xBF\xBE"sv})
+    EXPECT_TRUE(zelstudy::isUtf8(text) && !zelstudy::isXmlText(text)) << testing::PrintToString(text);
+  // No first byte, overlong, surrogate, above U+10FFFF, cut off.
+  for (const std::string_view text :
+       {"\x80"sv, "\xC1\xBF"sv, "\xE0\x9F\xBF"sv, "\xF0\x8F\xBF\xBF"sv, "\xED\xA0\x80"sv,
+        "\xF4\x90\x80\x80"sv, "\xF8\x88\x80\x80\x80"sv, "\xE2\x82"sv, "\xE2\x82 "sv})
+    EXPECT_FALSE(zelstudy::isUtf8(text) || zelstudy::isXmlText(text)) << testing::PrintToString(text);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -119,6 +120,13 @@ inline constexpr std::string_view smallStudy = R"(<?xml version="1.0" encoding="
   <SessionMgrData><UserName>ada</UserName><ProjectId>P1</ProjectId><ProjectInternalId>5</ProjectInternalId><RootNodeId>R</RootNodeId><VariantFilter>0</VariantFilter><ProjectName>Line</ProjectName></SessionMgrData>
 </Data>
 )";
+
+// A test of its own folder with the study above in it.
+class StudyTest : public testing::Test {
+ protected:
+  const Folder folder;
+  const std::string file = folder.write("small.xml", smallStudy);
+};
 
 // `text` with the one occurrence of `from` replaced; empty when there is not exactly one, so that a test that
 // expects something fails.
