@@ -125,6 +125,10 @@ TEST_F(DocumentShortcuts, FilteringBringsTheListsIntoLineAndDropsOperations) {
                              (isMade ? newInfo("new1", "new2") + newLayout("new2") : ""));
   }
   EXPECT_EQ(root(out), updates(newLayout("new2") + newInfo("new1", "new2")));
+}
+
+TEST_F(DocumentShortcuts, ListsThatCannotBeBroughtIntoLineAreRefused) {
+  open(::study(items({"s1"}), "", "PmStudy") + shortcut("1", "Product"));
   EXPECT_FALSE(zelXmlFilterStudyShortcuts(study, element("study").cloneNode(true), out));
   EXPECT_FALSE(zelXmlFilterStudyShortcuts(study, element("o1").cloneNode(true), out));
 }

@@ -46,12 +46,9 @@ TEST_F(DomXPath, FindsOrRefuses) {
     const char* expected;
   };
   const Case cases[] = {
-      {"", "Data", "Data"},
       {"", " / Data / Objects / Part ", "1 2"},
-      {"", "Data/Objects/*", "1 2 3 7 9"},
       {"", "Data/Objects/*[NodeInfo/family=\"Study\"][@i]", "1"},
       {"", "/Data/Objects/*[(variant != 'NULL') and (variant != '')]", "2"},
-      {"", "Data/Objects/*[layout!='L']", "7"},
       {"", "Data/Objects/*[layout='M' and layout='L']", "7"},
       {"", "Data/Objects/*[((layout='L') and (@i='3'))]", "3"},
       {"", "Data/Objects/*[plcInfo//BranchType='1']", "3"},
@@ -60,16 +57,10 @@ TEST_F(DomXPath, FindsOrRefuses) {
       {"", "//*[@ExternalId='C\"']", "3"},
       {"", "//*[@ExternalId='A' and @i='1']", "1"},
       {"", "//*[@never_seen_before='x']", ""},
-      {"", "//*[layout=\"L\"]", "3 7"},
-      {"", "//*[m='xyz']", "9"},
-      {"", "//p:q/a", "10"},
       {"", "//a/b", "12 13"},
-      {"", "//*//b", "12 13"},
       {"", "//a[a[b]]", "10"},
-      {"", "//a[a]/b", "13"},
       {"", "//and[and and layout]", "7"},
       {"3", "plcInfo//BranchType", "5 6"},
-      {"3", "//and", "7 8"},
       {"3", "//*[@ExternalId='A']", "1"},
       {"10", "a//b", "12"},
   };
@@ -102,7 +93,6 @@ TEST_F(DomXPath, OtherNodesAndDetachedTrees) {
   const IXMLDOMDocument document = parsed("<a><b i=\"1\">t<!--c--></b></a>");
   const IXMLDOMNode b = at(document, "a/b");
   EXPECT_EQ(matches(b.childNodes().item(1), "//b"), "1");
-  EXPECT_EQ(matches(b.getNamedItem("i"), "/a/b"), "1");
   ASSERT_TRUE(at(document, "a").removeChild(b));
   EXPECT_EQ(matches(document, "//*[@i='1']"), "");
   // The topmost node of a detached tree stands where a document element would.

@@ -107,7 +107,7 @@ const std::vector<Case> cases = {
      {"LC"},
      "children"},
     {"location-absolute", {{"<x>11<", "<x>11.01<"}}, {"LB", "LA", "B"}, "NodeInfo/absoluteLocation"},
-    {"location-root", {{"<x>0<", "<x>1<"}}, {"LC", "C"}, "NodeInfo/absoluteLocation"},
+    {"location-root", {{"<item>0<", "<item>1<"}}, {"LC", "C"}, "NodeInfo/absoluteLocation"},
     {"study-lists", {{"<item>K</item>", "<item>K</item><item/>"}}, {"S"}, "info"},
     {"info-unlisted",
      {{"", "<MarvekStudyInfo ExternalId=\"J\"><layout>X</layout></MarvekStudyInfo>" +
