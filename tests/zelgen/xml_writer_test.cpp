@@ -18,20 +18,6 @@ std::string written(bool pretty, Write write) {
   return result;
 }
 
-TEST(GeneratorXmlWriter, NumbersHaveSixDecimalsAndTheirSign) {
-  const std::pair<Millionths, const char*> cases[] = {{0, "0.000000"},
-                                                      {1, "0.000001"},
-                                                      {-1, "-0.000001"},
-                                                      {-500'000, "-0.500000"},
-                                                      {1'000'000, "1.000000"},
-                                                      {-12'345'678, "-12.345678"},
-                                                      {100'000'010, "100.000010"}};
-  for (const auto& [value, text] : cases) {
-    EXPECT_EQ(written(false, [number = value](XmlWriter& xml) { xml.millionths("x", number); }),
-              "<x>" + std::string(text) + "</x>");
-  }
-}
-
 TEST(GeneratorXmlWriter, EscapesTextAndIndentsOnlyWhenPretty) {
   IdText id;
   std::fill(std::begin(id.text), std::end(id.text), 'A');
