@@ -22,31 +22,18 @@ TEST(FileNames, ADirectoryIsListedAndNothingChangesWhenItCannotBe) {
 
   const RWCRegexp pattern(".+\\.jt$");
   RWClassicTValOrderedVector<std::string> names;
-  const auto list = [&](const std::string& name, bool withDirectory) {
-    const bool read = ApiSysFileAccess::listDir(ApiSysFileName(name), pattern, names, withDirectory);
-    std::string text = read ? "" : "false ";
+  const auto list = [&](const std::string& name) {
+    std::string text = ApiSysFileAccess::listDir(ApiSysFileName(name), pattern, names, true) ? "" : "false ";
     for (const std::string& found : names) text += found + ";";
     return text;
   };
   const std::string front = made + "\\" + umlaut + "/";
-  EXPECT_EQ(list(made + "\\" + umlaut, true), front + "a.jt;" + front + "b.jt;" + front + "linked.jt;");
-  EXPECT_EQ(list(made + "\\" + umlaut, false), "a.jt;b.jt;linked.jt;");
+  const std::string listed = front + "a.jt;" + front + "b.jt;" + front + "linked.jt;";
+  EXPECT_EQ(list(made + "\\" + umlaut), listed);
   for (const std::string& bad : {made + "/none", made + "/" + umlaut + "/a.jt", std::string()})
-    EXPECT_EQ(list(bad, false), "false a.jt;b.jt;linked.jt;") << bad;
+    EXPECT_EQ(list(bad), "false " + listed) << bad;
 
-  EXPECT_TRUE(RWCRegexp("oo").matches("door"));
-  EXPECT_FALSE(RWCRegexp("(").isValid() || RWCRegexp("(").matches("("));
   EXPECT_FALSE(RWCRegexp(".+").matches(std::string(1 << 20, 'a'))) << "would take the stack";
-
-  std::int64_t seconds = 7;
-  EXPECT_FALSE(ApiSysFileAccess::lastWriteTime(ApiSysFileName(made + "/none"), seconds));
-  EXPECT_EQ(seconds, 7);
-  for (const std::chrono::seconds written : {std::chrono::seconds(-5), std::chrono::seconds(5000000000)}) {
-    fs::last_write_time(directory / "a.jt",
-                        std::chrono::file_clock::from_sys(std::chrono::sys_seconds(written)));
-    EXPECT_TRUE(ApiSysFileAccess::lastWriteTime(ApiSysFileName(made + "\\" + umlaut + "\\a.jt"), seconds));
-    EXPECT_EQ(seconds, written.count());
-  }
   fs::remove_all(made);
 }
 
