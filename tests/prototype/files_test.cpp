@@ -33,16 +33,7 @@ TEST(FileNames, ADirectoryIsListedAndNothingChangesWhenItCannotBe) {
   for (const std::string& bad : {made + "/none", made + "/" + umlaut + "/a.jt", std::string()})
     EXPECT_EQ(list(bad), "false " + listed) << bad;
 
-  EXPECT_FALSE(RWCRegexp("(").matches("("));
   EXPECT_FALSE(RWCRegexp(".+").matches(std::string(1 << 20, 'a'))) << "would take the stack";
-
-  std::int64_t seconds = 7;
-  for (const std::chrono::seconds written : {std::chrono::seconds(-5), std::chrono::seconds(5000000000)}) {
-    fs::last_write_time(directory / "a.jt",
-                        std::chrono::file_clock::from_sys(std::chrono::sys_seconds(written)));
-    EXPECT_TRUE(ApiSysFileAccess::lastWriteTime(ApiSysFileName(made + "\\" + umlaut + "\\a.jt"), seconds));
-    EXPECT_EQ(seconds, written.count());
-  }
   fs::remove_all(made);
 }
 

@@ -23,7 +23,7 @@ struct Element {
     if (from.getAttribute("ExternalId", value)) id = value;
     for (auto child = from.firstElementChild(); child; child = child.nextElementSibling())
       children.emplace_back(child);
-    if (children.empty()) text = from.text();
+    if (children.empty() && from.text().find_first_not_of(" \n") != std::string::npos) text = from.text();
   }
   const Element* child(std::string_view wanted) const {
     for (const auto& each : children) {
@@ -44,7 +44,7 @@ struct Element {
   }
   bool operator==(const Element&) const = default;
 
-  std::string name, id, text;  // the text is that of a leaf
+  std::string name, id, text;  // the text is that of a leaf, blanks alone are none
   std::vector<Element> children;
 };
 
