@@ -36,7 +36,8 @@ bool takes(const Node* parent, const Node* child) {
     }
   }
   if (!child->isElement()) return true;
-  return dom::levelOf(parent) + dom::heightOf(child) <= IXMLDOMNode::maxDepth;
+  // A child that only changes its place among its siblings stays at its level, so its subtree is not walked.
+  return child->parent == parent || dom::levelOf(parent) + dom::heightOf(child) <= IXMLDOMNode::maxDepth;
 }
 
 }  // namespace

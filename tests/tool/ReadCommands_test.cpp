@@ -170,7 +170,8 @@ TEST_F(ToolRead, FailuresAreToldApart) {
 }
 
 TEST_F(ToolRead, OutputThatCannotBeWrittenIsAFailure) {
-  const std::string command = ZELSTUDY_PROGRAM " info " + file + " > /dev/full 2> " + folder.path("err");
+  const std::string command =
+      "'" ZELSTUDY_PROGRAM "' info '" + file + "' > /dev/full 2> '" + folder.path("err") + "'";
   const int status = std::system(command.c_str());
   EXPECT_EQ(WEXITSTATUS(status), 2);
   EXPECT_EQ(folder.read("err"), "zelstudy: standard output cannot be written\n");
