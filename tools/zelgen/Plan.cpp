@@ -125,19 +125,7 @@ Serial Plan::shortcutTarget(std::uint32_t index) const {
 }
 
 IdText Plan::idIn(std::uint32_t space, Serial serial) const {
-  // Version 4 and its variant, as a random GUID has them; the other 122 bits are scattered.
-  const std::uint64_t start =
-      scatter(streamSeed(options.seed, Stream::Ids) ^ ((std::uint64_t{space} << 32) | serial));
-  const std::uint64_t high = (start & ~std::uint64_t{0xF000}) | 0x4000;
-  const std::uint64_t low = (scatter(start) >> 2) | (std::uint64_t{1} << 63);
-  IdText id;
-  char* out = id.text;
-  for (int digit = 0; digit < 32; ++digit) {
-    if (digit == 8 || digit == 12 || digit == 16 || digit == 20) *out++ = '-';
-    const std::uint64_t half = digit < 16 ? high : low;
-    *out++ = "0123456789ABCDEF"[(half >> (60 - 4 * (digit % 16))) & 15];
-  }
-  return id;
+  return guid(scatter(streamSeed(options.seed, Stream::Ids) ^ ((std::uint64_t{space} << 32) | serial)));
 }
 
 Placement rootPlacement(const TreePlan& tree) {

@@ -57,36 +57,6 @@ std::string StudyWriter::treeName(std::uint32_t index) const {
 
 std::string StudyWriter::processName(std::uint32_t index) const { return numbered("Process", index + 1); }
 
-void StudyWriter::nodeInfo(std::string_view family, Serial serial, const Placement* absolute) {
-  xml_.begin("NodeInfo");
-  xml_.text("family", family);
-  xml_.number("Id", std::uint64_t{serial} + 1);
-  if (absolute) {
-    xml_.begin("absoluteLocation");
-    xml_.millionths("x", absolute->x);
-    xml_.millionths("y", absolute->y);
-    xml_.millionths("z", absolute->z);
-    xml_.millionths("rx", absolute->roll);
-    xml_.millionths("ry", absolute->pitch);
-    xml_.millionths("rz", absolute->yaw);
-    xml_.end("absoluteLocation");
-  }
-  xml_.end("NodeInfo");
-}
-
-void StudyWriter::vectors(const Placement& placement) {
-  xml_.begin("location");
-  xml_.millionths("item", placement.x);
-  xml_.millionths("item", placement.y);
-  xml_.millionths("item", placement.z);
-  xml_.end("location");
-  xml_.begin("rotation");
-  xml_.millionths("item", placement.roll);
-  xml_.millionths("item", placement.pitch);
-  xml_.millionths("item", placement.yaw);
-  xml_.end("rotation");
-}
-
 void StudyWriter::writeStudy() {
   xml_.beginObject(plan_.options.studyClass, plan_.id(Plan::kStudy));
   xml_.text("name", numbered("Study", plan_.options.seed));
@@ -118,7 +88,7 @@ void StudyWriter::writeShortcut(std::uint32_t index) {
   xml_.endObject(infoClass);
 
   xml_.beginObject("PmStudyLayout", plan_.id(layout));
-  vectors(ofTree ? rootPlacement(plan_.trees[index]) : Placement{});
+  xml_.vectors(ofTree ? rootPlacement(plan_.trees[index]) : Placement{});
   xml_.empty("children");
   xml_.text("parent", "NULL");
   nodeInfo("PmStudyLayout", layout);
@@ -218,7 +188,7 @@ void StudyWriter::writeNode(const TreePlan& treePlan, const Tree& tree, std::uin
   xml_.endObject(element);
 
   xml_.beginObject("PmLayout", plan_.id(layout));
-  vectors(node.relative);
+  xml_.vectors(node.relative);
   xml_.begin("children");
   if (node.kind == Tree::Kind::Compound) {
     tree.forChildren(index, true, [&](std::uint32_t child) { reference("item", objectOf(child) + 1); });

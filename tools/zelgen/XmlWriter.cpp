@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "Random.h"
+
 namespace zelgen {
 namespace {
 
@@ -11,6 +13,33 @@ constexpr std::size_t kStretch = std::size_t{1} << 20;
 constexpr std::uint32_t kObjectLevel = 2;
 
 }  // namespace
+
+IdText guid(std::uint64_t start) {
+  // Version 4 and its variant, as a random GUID has them; the other 122 bits are scattered.
+  const std::uint64_t high = (start & ~std::uint64_t{0xF000}) | 0x4000;
+  const std::uint64_t low = (scatter(start) >> 2) | (std::uint64_t{1} << 63);
+  IdText id;
+  char* out = id.text;
+  for (int digit = 0; digit < 32; ++digit) {
+    if (digit == 8 || digit == 12 || digit == 16 || digit == 20) *out++ = '-';
+    const std::uint64_t half = digit < 16 ? high : low;
+    *out++ = "0123456789ABCDEF"[(half >> (60 - 4 * (digit % 16))) & 15];
+  }
+  return id;
+}
+
+std::string decimal(Millionths value) {
+  // The sign apart, so that -0.5 does not lose it with its zero whole part.
+  const auto size = static_cast<std::uint64_t>(value < 0 ? -value : value);
+  char digits[28];
+  char* out = digits;
+  if (value < 0) *out++ = '-';
+  char* last = std::to_chars(out, out + 20, size / 1'000'000).ptr;
+  *last++ = '.';
+  std::uint64_t rest = size % 1'000'000;
+  for (int place = 5; place >= 0; --place, rest /= 10) last[place] = static_cast<char>('0' + rest % 10);
+  return {digits, last + 6};
+}
 
 XmlWriter::XmlWriter(const ChunkSink& sink, bool pretty)
     : sink_(sink), pretty_(pretty), level_(kObjectLevel) {
@@ -75,6 +104,13 @@ void XmlWriter::endObject(std::string_view name) {
   if (buffer_.size() >= kStretch) flush();
 }
 
+void XmlWriter::object(std::string_view text) {
+  buffer_.append(std::size_t{2} * (pretty_ ? level_ : 0), ' ');
+  buffer_ += text;
+  buffer_ += '\n';
+  if (buffer_.size() >= kStretch) flush();
+}
+
 void XmlWriter::begin(std::string_view name) {
   openTag(name);
   ++level_;
@@ -121,17 +157,39 @@ void XmlWriter::number(std::string_view name, std::uint64_t value) {
 }
 
 void XmlWriter::millionths(std::string_view name, Millionths value) {
-  // The sign apart, so that -0.5 does not lose it with its zero whole part.
-  const auto size = static_cast<std::uint64_t>(value < 0 ? -value : value);
-  char digits[28];
-  char* last = std::to_chars(digits, digits + 20, size / 1'000'000).ptr;
-  *last++ = '.';
-  std::uint64_t rest = size % 1'000'000;
-  for (int place = 5; place >= 0; --place, rest /= 10) last[place] = static_cast<char>('0' + rest % 10);
   openTag(name);
-  if (value < 0) buffer_ += '-';
-  buffer_.append(digits, last + 6);
+  buffer_ += decimal(value);
   closeTag(name);
+}
+
+void XmlWriter::nodeInfo(std::string_view family, std::uint64_t ownNumber, const Placement* absolute) {
+  begin("NodeInfo");
+  text("family", family);
+  number("Id", ownNumber);
+  if (absolute) {
+    begin("absoluteLocation");
+    millionths("x", absolute->x);
+    millionths("y", absolute->y);
+    millionths("z", absolute->z);
+    millionths("rx", absolute->roll);
+    millionths("ry", absolute->pitch);
+    millionths("rz", absolute->yaw);
+    end("absoluteLocation");
+  }
+  end("NodeInfo");
+}
+
+void XmlWriter::vectors(const Placement& placement) {
+  begin("location");
+  millionths("item", placement.x);
+  millionths("item", placement.y);
+  millionths("item", placement.z);
+  end("location");
+  begin("rotation");
+  millionths("item", placement.roll);
+  millionths("item", placement.pitch);
+  millionths("item", placement.yaw);
+  end("rotation");
 }
 
 void XmlWriter::flush() {

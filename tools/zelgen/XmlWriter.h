@@ -15,6 +15,12 @@ struct IdText {
   operator std::string_view() const { return {text, sizeof text}; }
 };
 
+/// The id that a number stands for: a random GUID whose 122 free bits are scattered from it.
+IdText guid(std::uint64_t start);
+
+/// The number with its six decimals.
+std::string decimal(Millionths value);
+
 /// Appends XML to a buffer and hands it to a sink from time to time. Names are written as given; texts are
 /// escaped. After the sink has refused a stretch everything further is dropped.
 class XmlWriter {
@@ -27,6 +33,8 @@ class XmlWriter {
   /// An object element with its id; these are the only elements with an attribute.
   void beginObject(std::string_view name, const IdText& id);
   void endObject(std::string_view name);
+  /// An object element that is text already.
+  void object(std::string_view text);
 
   void begin(std::string_view name);
   void beginWithAttribute(std::string_view name, std::string_view attribute, std::string_view value);
@@ -36,6 +44,10 @@ class XmlWriter {
   void text(std::string_view name, std::string_view value);
   void number(std::string_view name, std::uint64_t value);
   void millionths(std::string_view name, Millionths value);
+  /// `NodeInfo`, of a layout with its placement in the study.
+  void nodeInfo(std::string_view family, std::uint64_t number, const Placement* absolute = nullptr);
+  /// `location` and `rotation` of a layout.
+  void vectors(const Placement& placement);
 
   /// The last stretch goes out. False when the sink refused this one or an earlier one.
   bool finish();

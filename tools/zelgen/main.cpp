@@ -1,14 +1,46 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <filesystem>
 #include <iostream>
 
 #include "OutputFile.h"
 #include "StudyGenerator.h"
+#include "UpdateGenerator.h"
 
 namespace {
 
 /// What the shell sees when the arguments are wrong or the study could not be written.
 constexpr int kFailure = 2;
+
+int fail(const std::string& why) {
+  std::cerr << "zelgen: " << why << '\n';
+  return kFailure;
+}
+
+int writeStudy(const zelgen::StudyOptions& options, const std::string& output) {
+  if (const auto reason = zelgen::whyRefused(options)) return fail(*reason);
+  zelgen::OutputFile file(output);
+  const bool written =
+      zelgen::generateStudy(options, [&](std::string_view chunk) { return file.write(chunk); });
+  return written && file.commit() ? 0 : fail(file.error());
+}
+
+int writeUpdate(const zelgen::UpdateOptions& options, const std::string& study, const std::string& output) {
+  if (const auto reason = zelgen::whyRefused(options)) return fail(*reason);
+  std::error_code ignored;
+  if (output != "-" && std::filesystem::equivalent(study, output, ignored)) {
+    return fail("-o " + output + " would overwrite the study");
+  }
+  const auto document = IXMLDOMDocument::create();
+  DomError error;
+  if (!document.load(study, &error)) return fail(error.message());
+  zelgen::OutputFile file(output);
+  std::string reason;
+  const bool written = zelgen::generateUpdate(
+      options, document, [&](std::string_view chunk) { return file.write(chunk); }, reason);
+  if (!reason.empty()) return fail(study + ": " + reason);
+  return written && file.commit() ? 0 : fail(file.error());
+}
 
 }  // namespace
 
@@ -17,33 +49,45 @@ int main(int argc, char** argv) {
   std::signal(SIGPIPE, SIG_IGN);
 
   zelgen::StudyOptions options;
+  zelgen::UpdateOptions update;
   std::string output = "-";
-  CLI::App app("Writes a made-up manufacturing study of any size. Equal options give equal bytes.", "zelgen");
-  app.add_option("-n,--objects", options.objects, "Object elements in the study")->required();
+  std::string study;
+  CLI::App app(
+      "Writes a made-up manufacturing study of any size, or an update for a study. Equal options give equal "
+      "bytes.",
+      "zelgen");
+  CLI::Option* objects = app.add_option("-n,--objects", options.objects, "Object elements in the study");
+  CLI::Option* updateOf = app.add_option("--update-of", study, "Write an update for this study instead")
+                              ->type_name("STUDY")
+                              ->excludes(objects);
   app.add_option("-s,--seed", options.seed, "Start of the random numbers")->capture_default_str();
   app.add_option("-o,--output", output, "File to write; - is the standard output")->capture_default_str();
-  app.add_option("--depth", options.depth, "Levels of the deepest tree")->capture_default_str();
+  app.add_option("--depth", options.depth, "Levels of the deepest tree")
+      ->capture_default_str()
+      ->excludes(updateOf);
   app.add_option("--shared", options.shared, "Per cent of the part leaves with a second parent")
-      ->capture_default_str();
+      ->capture_default_str()
+      ->excludes(updateOf);
   app.add_option("--study-class", options.studyClass, "MarvekStudy or LineSimulationStudy")
-      ->capture_default_str();
-  app.add_flag("--pretty", options.pretty, "Indent, one line per element");
+      ->capture_default_str()
+      ->excludes(updateOf);
+  app.add_flag("--pretty", options.pretty, "Indent, one line per element")->excludes(updateOf);
+  const auto addShare = [&](const char* name, std::uint32_t& percent, const char* what) {
+    app.add_option(name, percent, what)->type_name("PERCENT")->capture_default_str()->needs(updateOf);
+  };
+  addShare("--new", update.added, "Of an update: new objects");
+  addShare("--changed", update.changed, "Of an update: objects with another name or comment");
+  addShare("--moved", update.moved, "Of an update: objects under another compound");
+  addShare("--vanished", update.vanished, "Of an update: objects that are gone");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kFailure;
   }
-  if (const auto reason = zelgen::whyRefused(options)) {
-    std::cerr << "zelgen: " << *reason << '\n';
-    return kFailure;
+  if (*updateOf) {
+    update.seed = options.seed;
+    return writeUpdate(update, study, output);
   }
-
-  zelgen::OutputFile file(output);
-  const bool written =
-      zelgen::generateStudy(options, [&](std::string_view chunk) { return file.write(chunk); });
-  if (!written || !file.commit()) {
-    std::cerr << "zelgen: " << file.error() << '\n';
-    return kFailure;
-  }
-  return 0;
+  if (!*objects) return fail("give --objects N for a study, or --update-of STUDY for an update");
+  return writeStudy(options, output);
 }
