@@ -75,8 +75,7 @@ TEST_F(UpdateGeneratorTest, HoldsTheSharesAskedForAndAgreesWithWhatItLeavesAlone
       const auto& own = updates.objects[updates.find(id)];
       EXPECT_EQ(own.absolute, compose(placed.objects[placed.find(parent)].absolute, own.relative));
     }
-    // The library takes it in whole, and deletes just what vanished.
-    study = parse(text);
+    study = parse(text);  // the library takes it in whole, and deletes just what vanished
     session().setImportedDocumentAndDocRef(study, {});
     wrapper.reset(dynamic_cast<ZelXmlWrapper*>(ZelWrapperFactory::the().create(0)));
     ASSERT_TRUE(wrapper->build(false));
