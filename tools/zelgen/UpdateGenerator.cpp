@@ -112,9 +112,10 @@ void Generator::draw() {
 
 void Generator::vanish() {
   Random random(streamSeed(options_.seed, Stream::Vanished));
+  // Not what has two parents: who takes the update in meets it twice, and the second time it is not there.
   const auto fits = [&](const UpdateStudy::Object& object) {
-    return object.isLeaf && !object.isWanted && object.parents.size() == object.parentItems &&
-           object.layout != kNone && !study_.objects[object.layout].isWanted;
+    return object.isLeaf && !object.isWanted && object.parentItems == 1 && object.layout != kNone &&
+           !study_.objects[object.layout].isWanted;
   };
   for (const Index i : take(random, options_.vanished, fits)) {
     const auto& object = study_.objects[i];
