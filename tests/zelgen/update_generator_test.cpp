@@ -1,14 +1,39 @@
 #include "UpdateGenerator.h"
 
+#include <algorithm>
+#include <array>
+#include <map>
 #include <set>
 
-#include "MiniXml.h"
+#include "StudyGenerator.h"
 #include "UpdateStudy.h"
 #include "wrapper/StudyTest.h"
 
 namespace zelgen_test {
 namespace {
 using document_test::parse;
+
+// An object element, read by field.
+struct Element {
+  IXMLDOMElement node;
+  std::string name = std::string(node.nodeName());
+
+  bool has(const char* field) const {
+    IXMLDOMNode found;
+    return node.selectSingleNode(field, found);
+  }
+  std::string textOf(const char* field) const {
+    IXMLDOMNode found;
+    return node.selectSingleNode(field, found) ? found.text() : std::string();
+  }
+  std::vector<std::string> items(const std::string& list) const {
+    IXMLDOMNodeList found;
+    std::vector<std::string> texts;
+    if (node.selectNodes(list + "/item", found))
+      for (const IXMLDOMNode& item : found) texts.push_back(item.text());
+    return texts;
+  }
+};
 using Objects = std::map<std::string, Element>;
 using UpdateGeneratorTest = document_test::StudyTest;
 
@@ -21,9 +46,12 @@ std::string updateOf(const std::string& text, std::uint64_t seed) {
 }
 Objects objectsOf(const std::string& text) {
   Objects objects;
-  const Element root = MiniXml::parse(text);
-  for (const Element& each : root.child("Objects")->children)
-    EXPECT_TRUE(objects.emplace(each.attributes.at("ExternalId"), each).second);
+  const IXMLDOMDocument document = parse(text);
+  const IXMLDOMNode section = document_test::at(document, "Data/Objects");
+  for (IXMLDOMElement each = section.firstElementChild(); each; each = each.nextElementSibling()) {
+    std::string_view id;
+    EXPECT_TRUE(each.getAttribute("ExternalId", id) && objects.emplace(id, Element{each}).second) << id;
+  }
   return objects;
 }
 bool holds(const Element& object, const char* list, const std::string& id) {
@@ -45,7 +73,7 @@ TEST_F(UpdateGeneratorTest, HoldsTheSharesAskedForAndAgreesWithWhatItLeavesAlone
     for (const auto& [id, object] : news) {
       for (const auto& child : before.contains(id) ? before.at(id).items("children") : object.items("none"))
         if (!holds(object, "children", child) && !news.contains(child)) gone.insert(child);
-      after[id] = object;
+      after.insert_or_assign(id, object);
       if (object.name == "PmLayout") continue;
       if (!before.contains(id) && ++added) continue;
       const Element& old = before.at(id);
@@ -55,7 +83,7 @@ TEST_F(UpdateGeneratorTest, HoldsTheSharesAskedForAndAgreesWithWhatItLeavesAlone
     }
     for (const std::string& id : gone) vanished += after.at(id).name != "PmLayout", after.erase(id);
     for (const auto& [id, object] : before)
-      members += object.child("layout") && !object.items("parents").empty();
+      members += object.has("layout") && !object.items("parents").empty();
     const auto share = [&](std::size_t percent) { return (members * percent + 50) / 100; };
     const std::array counts{added, changed.size(), moved, vanished};
     EXPECT_EQ(counts, (std::array{share(9), share(8), share(7), share(6)}));
