@@ -42,8 +42,10 @@ TEST_F(UpdateTest, AFullUpdateAddsReplacesAndRemoves) {
   give(part("A", "", "") + part("B", "", item("Y")) + part("Y", item("B"), "-") + part("C", item("B"), "-") +
        layout("LC", "C", "LB", "", 0, 0) +
        "<Label ExternalId=\"N\"><name>new</name><NodeInfo><family>Label</family></NodeInfo></Label>" +
-       "<PmPartInstance><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
-  EXPECT_EQ(full(), "A B Y C LC N  - X");
+       "<PmPartInstance><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>"
+       "<PmPartInstance ExternalId=\"\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
+  EXPECT_EQ(full(), "A B Y C LC N   - X");
+  EXPECT_FALSE(exists("")) << "an object that nothing could find stays out";
   EXPECT_EQ(node("A"), a) << "pointers survive";
   EXPECT_EQ(list("A", "children"), "");
   EXPECT_EQ(list("B", "children"), "Y C");

@@ -1,5 +1,7 @@
 #include "node/ZelXmlNode.h"
 
+#include <algorithm>
+
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNodeAccess.h"
 #include "wrapper/ZelXmlWrapper.h"
@@ -140,7 +142,11 @@ bool ZelXmlNode::validateRelevantParent() {
   ApiPmId parent;
   ApiPmIdList parents;
   if (!getExternalId(own) || !getParentId(parent) || !zelXmlGetParentItemIds(element_, parents)) return true;
-  if (!parents.isEmpty() && !parents.contains(parent)) wrapper_->setRelevantParent(own, parents[0]);
+  if (parents.contains(parent)) return true;
+  // An empty item names no parent: as one it would hide the object from roots and tree.
+  const auto first =
+      std::find_if(parents.begin(), parents.end(), [](const ApiPmId& id) { return !id.isNull(); });
+  if (first != parents.end()) wrapper_->setRelevantParent(own, *first);
   return true;
 }
 

@@ -51,10 +51,10 @@ void ZelXmlWrapper::updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& r
   const IXMLDOMNode replacement = objectOf(familyElement);
   if (!replacement) return;
   std::string idText;
-  const bool hasId = zelXmlGetExternalId(replacement, idText);
+  zelXmlGetExternalId(replacement, idText);
   run.seen.push_back(idText);
   run.seenIds.insert(idText);
-  if (!hasId) return;
+  if (idText.empty()) return;  // no id: nothing could ever find the object
   std::string buffer;
   const std::string_view family = familyElement.textView(buffer);
   const ApiPmId id(idText);
