@@ -129,9 +129,9 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // Leaves every shared object to the parent that counts. Publishes nothing. Stops at the first node that
   // answers false; the nodes before it stay changed.
   bool removeSharing() override;
-  // Copies the occurrences of one equipment prototype to another. True, with nothing to do, when either is no
-  // collection, the target is no equipment prototype, or the source is empty; false for any other source,
-  // since occurrences do not tell yet what is to be copied.
+  // Copies the occurrences of one equipment prototype, the ids in its `children`, to another. True, with
+  // nothing to do, when the target is no equipment prototype or the source has no children. False, with
+  // nothing copied, for any other source: occurrences do not tell yet what is to be copied.
   bool copyOccurrences(ZelNode& source, ZelNode& target) override;
   // A prototype in memory alone, registered under the id of `data`, whose weight is not kept. Null, with
   // nothing made, for a family that is neither of a part nor of a tool, and for the null id.

@@ -9,7 +9,6 @@
 #include "prototype/ZelXmlPrototypeAssignment.h"
 #include "wrapper/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
-#include "zel/ZelCollection.h"
 #include "zel/ZelInstance.h"
 
 // New prototypes, in the study and in memory, and the data and files of prototypes. Prototypes are never
@@ -249,10 +248,10 @@ bool ZelXmlWrapper::addEquipmentPrototypeData(const ApiPmId& id, const IXMLDOMDo
 }
 
 bool ZelXmlWrapper::copyOccurrences(ZelNode& source, ZelNode& target) {
-  const auto* from = zelQuery<ZelCollection>(&source);
-  if (!from || !zelQuery<ZelCollection>(&target) || target.type() != ZEL_EQUIPMENT_PROTOTYPE) return true;
-  ZelNodeList occurrences;
-  return from->getChildren(occurrences) && occurrences.isEmpty();
+  const ZelXmlNode* from = zelXmlNodeOf(&source);
+  ApiPmIdList occurrences;
+  return target.type() != ZEL_EQUIPMENT_PROTOTYPE || !from ||
+         !zelXmlGetChildIds(from->getXmlNode(), occurrences) || occurrences.isEmpty();
 }
 
 ZelNode* ZelXmlPrototypeAssignment::getPrototype() const {
