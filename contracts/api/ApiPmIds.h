@@ -64,6 +64,18 @@ struct ApiPmNameExtendedId {
   friend bool operator==(const ApiPmNameExtendedId&, const ApiPmNameExtendedId&) = default;
 };
 
+// What tells an occurrence inside its equipment, and the same occurrence in copies of it; any text.
+class ApiPmPrototypeChildId {
+ public:
+  ApiPmPrototypeChildId() = default;
+  explicit ApiPmPrototypeChildId(std::string_view text) : text_(text) {}
+  const std::string& getAsString() const noexcept { return text_; }
+  friend bool operator==(const ApiPmPrototypeChildId&, const ApiPmPrototypeChildId&) = default;
+
+ private:
+  std::string text_;
+};
+
 // A 128-bit id in its usual text form, without braces; null when empty or when the text is no such id.
 class ApiGlobalUniqueId {
  public:

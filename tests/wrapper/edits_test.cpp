@@ -289,8 +289,7 @@ TEST_F(EditsTest, PrototypesAreNeitherRootsNorPublished) {
   EXPECT_EQ(updated(), "");
   EXPECT_FALSE(wrapper->addExistingPrototype(data)) << "without an id";
   EXPECT_TRUE(wrapper->copyOccurrences(*node("new1"), *node("new1"))) << "there is nothing to copy";
-  EXPECT_FALSE(wrapper->copyOccurrences(*node("A"), *node("new1")))
-      << "what is not copied is not told as copied";
+  EXPECT_FALSE(wrapper->copyOccurrences(*node("A"), *node("new1"))) << "its children are no occurrences";
 }
 
 TEST_F(EditsTest, TheExportKnowsChangedAndDeletedObjects) {

@@ -1,6 +1,7 @@
 #include "node/ZelXmlCollectionService.h"
 
 #include <memory>
+#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -121,10 +122,41 @@ bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
   if (!wrapper || !zelXmlGetExternalId(child, id)) return false;
   if (wrapper->relevantParentFinder().findRelevantParent(id, parent)) {
     if (!zelXmlDetachFromParent(*wrapper, child, parent)) return false;
-  } else if (ZelXmlNode* node = wrapper->zelXmlNodeFromId(id)) {
-    wrapper->roots().remove(node->pmNode());
+  } else {
+    takeFromRoots(id);
   }
-  return zelXmlAddChildItem(getXmlNode(), id) && zelXmlPublishUpdate(wrapper->OUTDocument(), getXmlNode());
+  return listChild(id);
+}
+
+bool ZelXmlCollectionService::addOccurrence(ZelNode* occurrence) {
+  ZelXmlWrapper* wrapper = owner().getWrapper();
+  const ZelXmlNode* node = zelXmlNodeOf(occurrence);
+  ApiPmId own;
+  ApiPmId id;
+  if (!wrapper || !node || !node->getExternalId(id) || !owner().getExternalId(own)) return false;
+  std::string holderId;
+  if (zelXmlGetParentPrototype(node->getXmlNode(), holderId) && zelXmlIsReference(holderId)) {
+    IXMLDOMNode holder;
+    if (!zelXmlFindNodeById(wrapper->DOMDocument(), holderId, holder) ||
+        !zelXmlRemoveChildAndPublish(wrapper->OUTDocument(), holder, id) ||
+        !wrapper->relevantParentFinder().removeRelevantParent(id)) {
+      return false;
+    }
+  } else {
+    takeFromRoots(id);
+  }
+  return listChild(id) && zelXmlSetParentPrototype(wrapper->DOMDocument(), node->getXmlNode(), own.text()) &&
+         wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
+}
+
+void ZelXmlCollectionService::takeFromRoots(const ApiPmId& id) {
+  ZelXmlWrapper& wrapper = *owner().getWrapper();
+  if (ZelXmlNode* node = wrapper.zelXmlNodeFromId(id)) wrapper.roots().remove(node->pmNode());
+}
+
+bool ZelXmlCollectionService::listChild(const ApiPmId& id) {
+  return zelXmlAddChildItem(getXmlNode(), id) &&
+         zelXmlPublishUpdate(owner().getWrapper()->OUTDocument(), getXmlNode());
 }
 
 namespace {

@@ -28,6 +28,9 @@ class ZelXmlCollectionService : public ZelXmlService {
   bool addChild(ZelNode* child);
   // Detaches the child (from its parent that counts, or from the roots) and lists it here; published.
   bool addChildElement(const IXMLDOMNode& child);
+  // Takes an occurrence from the collection that its `parentPrototype` names, if any, lists it here and names
+  // this one there; both lists are published. False, with nothing done, when the old one is not there.
+  bool addOccurrence(ZelNode* occurrence);
   // Appends the nodes of the children for which this is the parent that counts.
   bool getChildNodes(ZelNodeList& children) const;
   // Replaces `ids` by the whole list.
@@ -40,6 +43,8 @@ class ZelXmlCollectionService : public ZelXmlService {
 
  private:
   bool isBelow(const ApiPmId& id) const;
+  void takeFromRoots(const ApiPmId& id);
+  bool listChild(const ApiPmId& id);
   bool takeLayout(const IXMLDOMNode& child, const IXMLDOMDocument& out);
 };
 

@@ -64,6 +64,15 @@ bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord
          zelXmlSetFamily(document, element, family) && zelXmlPublishUpdate(wrapper.OUTDocument(), element);
 }
 
+bool zelXmlCreateOccurrenceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                   IXMLDOMNode& element) {
+  const IXMLDOMDocument document = wrapper.DOMDocument();
+  RWClassicWString family;
+  return addObject(document, record, element, family) &&
+         zelXmlCreateLocalLayout(document, element, RTTran3D::unit) &&
+         zelXmlSetFamily(document, element, family) && addEmpty(element, "prototype");
+}
+
 bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
                              const IXMLDOMNode& element) {
   RWClassicWString family;

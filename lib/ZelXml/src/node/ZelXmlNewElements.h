@@ -4,7 +4,7 @@
 
 // The recipes of new object elements. Class name and family are settled before anything is made: a class
 // without family, a null id and a class name that is no element name are refused with nothing left behind.
-// The element is the result; every recipe but that of instance fields ends with its publication.
+// The element is the result; the recipes end with its publication unless they say otherwise.
 
 // name, parents, children, layout, NodeInfo/family.
 bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
@@ -18,6 +18,9 @@ bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord
 // name, node, comment, displayInfo, noteLocation, NodeInfo/family.
 bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
                               IXMLDOMNode& element);
+// name, layout, NodeInfo/family, prototype, for an occurrence in an equipment; publishes nothing.
+bool zelXmlCreateOccurrenceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+                                   IXMLDOMNode& element);
 // layout, prototype, NodeInfo/family, on an element that the caller has; publishes the layout only.
 bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
                              const IXMLDOMNode& element);

@@ -129,9 +129,11 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // Leaves every shared object to the parent that counts. Publishes nothing. Stops at the first node that
   // answers false; the nodes before it stay changed.
   bool removeSharing() override;
-  // Copies the occurrences of one equipment prototype, the ids in its `children`, to another. True, with
-  // nothing to do, when the target is no equipment prototype or the source has no children. False, with
-  // nothing copied, for any other source: occurrences do not tell yet what is to be copied.
+  // Makes for each child node of `source`, in order, an occurrence of the same prototype under the equipment
+  // prototype `target`, with its name, its placement and its child id. The new occurrences are published,
+  // placement and child id are not. True, with nothing done, when the source is no collection or the target
+  // no equipment prototype. False at the first child that is no occurrence of a known prototype of a tool or
+  // an equipment; the copies made by then stay.
   bool copyOccurrences(ZelNode& source, ZelNode& target) override;
   // A prototype in memory alone, registered under the id of `data`, whose weight is not kept. Null, with
   // nothing made, for a family that is neither of a part nor of a tool, and for the null id.
@@ -231,6 +233,7 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool refreshRoots();
   void issueSharedNodeAdditionalParentIgnoredWarning(const ApiPmId& child, const IXMLDOMNode& parent);
   bool refreshParentWithNewChild(const ApiPmId& parent, ZelNode* node);
+  bool addChildLocally(ZelXmlNode& parent, ZelNode* child);
   bool refreshStudyNodeDeletion();
   bool refreshShortcutRemovalFromStudy(const ApiPmId& shortcut, const ApiPmId& node);
   bool refreshAllShortcutsRemovalFromStudy();

@@ -4,6 +4,8 @@
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "api/LocalFilesCacheClientFilesManager.h"
 #include "document/ZelXmlFunctions.h"
+#include "equipment/ZelXmlEquipmentPrototype.h"
+#include "equipment/ZelXmlEquipmentPrototypeOccurrence.h"
 #include "node/ZelXmlNode.h"
 #include "prototype/ZelXmlLocalPrototypeNode.h"
 #include "prototype/ZelXmlPrototypeAssignment.h"
@@ -248,13 +250,45 @@ bool ZelXmlWrapper::addEquipmentPrototypeData(const ApiPmId& id, const IXMLDOMDo
 }
 
 bool ZelXmlWrapper::copyOccurrences(ZelNode& source, ZelNode& target) {
-  const ZelXmlNode* from = zelXmlNodeOf(&source);
-  ApiPmIdList occurrences;
-  return target.type() != ZEL_EQUIPMENT_PROTOTYPE || !from ||
-         !zelXmlGetChildIds(from->getXmlNode(), occurrences) || occurrences.isEmpty();
+  const auto* from = zelQuery<ZelCollection>(&source);
+  ZelXmlNode* to = zelXmlNodeOf(&target);
+  if (!from || !to || target.type() != ZEL_EQUIPMENT_PROTOTYPE) return true;
+  auto& equipment = static_cast<ZelXmlEquipmentPrototype&>(*to);
+  ApiPmId targetId;
+  ZelNodeList children;
+  if (!equipment.getExternalId(targetId) || !from->getChildren(children)) return false;
+  for (ZelNode* child : children) {
+    const auto* occurrence = zelQuery<ZelVorPrototypeOccurrence>(child);
+    ApiPmId prototype;
+    ApiPmId id;
+    if (!occurrence || !occurrence->getPrototypeId(prototype)) return false;
+    ZelNode* copy = equipment.createOccurrence(prototype);
+    if (!copy || !copy->getExternalId(id)) return false;
+    setRelevantParent(id, targetId);
+    static_cast<ZelXmlEquipmentPrototypeOccurrence&>(*zelXmlNodeOf(copy)).copyFrom(child);
+  }
+  return true;
 }
 
 ZelNode* ZelXmlPrototypeAssignment::getPrototype() const {
   ApiPmId id;
   return getWrapper() && getPrototypeId(id) ? getWrapper()->getZelNodeFromId(id) : nullptr;
+}
+
+ZelNode* ZelXmlEquipmentPrototype::createOccurrence(const ApiPmId& prototype) {
+  ZelXmlWrapper* wrapper = getWrapper();
+  const ZelNode* named = wrapper ? wrapper->getZelNodeFromId(prototype) : nullptr;
+  if (!named || (named->type() != ZEL_EQUIPMENT_PROTOTYPE && named->type() != ZEL_RESOURCE_PROTOTYPE)) {
+    return nullptr;
+  }
+  ApiPmId own;
+  ApiPmId id;
+  if (!getExternalId(own) || !wrapper->generateUniqueId(id)) return nullptr;
+  ZelNode* child = createChild(
+      ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE,
+      named->type() == ZEL_EQUIPMENT_PROTOTYPE ? "PmEquipmentPrototypeOccurrence" : "PmToolInstance", id);
+  auto* occurrence = zelQuery<ZelVorPrototypeOccurrence>(child);
+  const bool written = occurrence && occurrence->setPrototypeId(prototype) &&
+                       zelXmlSetParentPrototype(document(), zelXmlNodeOf(child)->getXmlNode(), own.text());
+  return written ? child : nullptr;
 }

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlCollectionService.h"
 #include "node/ZelXmlNode.h"
@@ -10,7 +12,19 @@
 
 bool ZelXmlWrapper::refreshParentWithNewChild(const ApiPmId& parent, ZelNode* node) {
   ZelXmlNode* parentNode = zelXmlNodeFromId(parent);
-  return !parentNode || parentNode->addChild(node);
+  return !parentNode || addChildLocally(*parentNode, node);
+}
+
+// Some collections publish a child that they take in; here its OUT document is out of reach meanwhile.
+bool ZelXmlWrapper::addChildLocally(ZelXmlNode& parent, ZelNode* child) {
+  struct Withheld {
+    explicit Withheld(IXMLDOMDocument& place) : document(place), kept(std::exchange(place, {})) {}
+    ~Withheld() { document = std::move(kept); }
+    IXMLDOMDocument& document;
+    IXMLDOMDocument kept;
+  };
+  const Withheld out(outDocument_);
+  return parent.addChild(child);
 }
 
 bool ZelXmlWrapper::refreshDeleteRoot(ZelNode* node) {

@@ -190,8 +190,7 @@ bool ZelXmlWrapper::addNewChildToExistingParentIncremental(const IXMLDOMNode& el
   ZelNode* node = getZelNodeFromId(id);
   if (!node) return true;
   for (const IXMLDOMNode& item : parents) {
-    ZelXmlNode* parent = zelXmlNodeFromId(ApiPmId(item.text()));
-    if (parent && !parent->addChild(node)) return false;
+    if (!refreshParentWithNewChild(ApiPmId(item.text()), node)) return false;
   }
   return true;
 }

@@ -3,6 +3,7 @@
 #include "api/ApiErrStream.h"
 #include "equipment/ZelXmlEquipmentInstance.h"
 #include "equipment/ZelXmlEquipmentPrototype.h"
+#include "equipment/ZelXmlEquipmentPrototypeOccurrence.h"
 #include "node/ZelXmlCompoundPart.h"
 #include "node/ZelXmlCompoundResource.h"
 #include "node/ZelXmlLabel.h"
