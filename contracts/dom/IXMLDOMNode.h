@@ -103,6 +103,12 @@ class IXMLDOMNode {
   // Replaces `found` by all matches in document order, as they stand at the call; true also for none.
   bool selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const;
 
+  // First child element of this name with exactly this text, and its place among the children of this name,
+  // counted from 0; and the child at a place. False, with nothing changed, without one. In a long list they
+  // answer from what is kept of it, which goes on through appends and removals.
+  bool findChild(std::string_view name, std::string_view text, IXMLDOMNode& found, long& index) const;
+  bool childAt(std::string_view name, long index, IXMLDOMNode& found) const;
+
   // Attribute node of an element, null when absent.
   IXMLDOMNode getNamedItem(std::string_view name) const;
   // Snapshot of the attribute nodes in their order.

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "DomIndex.h"
+#include "DomLists.h"
 #include "DomNames.h"
 #include "DomPool.h"
 
@@ -11,7 +12,7 @@ namespace dom {
 namespace {
 
 std::size_t living = 0;
-std::uint32_t lastStamp = 0;
+std::uint32_t lastStamp = 0;  // 0 is that of a node whose stamp nobody has asked for
 
 void freeNode(Node* node) noexcept {
   if (node->length > Node::inlineText) poolFree(const_cast<char*>(node->ownText().data()), node->length);
@@ -73,6 +74,7 @@ void cut(Node* node) {
   Node* const root = rootOf(parent);
   DocumentNode* const document = root->type == NODE_DOCUMENT ? asDocument(root) : root->owner;
   Indexes* const indexes = root->type == NODE_DOCUMENT ? document->indexes.get() : nullptr;
+  Lists::List* const list = lists().listOf(parent);
   if (node->type == NODE_ATTRIBUTE) {
     if (indexes != nullptr) indexes->leaveAttribute(node);
     unlink(asElement(parent)->attributes, node);
@@ -93,6 +95,7 @@ void cut(Node* node) {
   node->treeRefs = count;
   ++document->detachedTrees;
   touch(parent);
+  Lists::removed(list, node);
 }
 
 // What `cut` left behind or an emptied handle count: frees it when nobody holds it.
@@ -336,6 +339,11 @@ void materialise(Node* element) {
   linkLast(element, text);
 }
 
+std::uint32_t stampOf(Node* node) noexcept {
+  if (node->stamp == 0) node->stamp = ++lastStamp;
+  return node->stamp;
+}
+
 void touch(Node* node) noexcept {
   ++lastStamp;
   for (; node != nullptr; node = node->parent) node->stamp = lastStamp;
@@ -347,11 +355,14 @@ void moveTo(Node* parent, Node* child, bool toFront) {
     if (top->type != NODE_DOCUMENT || asDocument(top)->indexes == nullptr) {
       // To the end of its own siblings: the tree, its handles and its levels stay, so the subtree is not
       // walked.
+      Lists::List* const list = lists().listOf(parent);
       Node* first = parent->first();
       unlink(first, child);
       parent->setFirst(first);
       linkLast(parent, child);
       touch(parent);
+      Lists::removed(list, child);
+      Lists::appended(list, child);
       return;
     }
   }
@@ -361,6 +372,7 @@ void moveTo(Node* parent, Node* child, bool toFront) {
   DocumentNode* const former = giveUpRoot(child, root);
   Indexes* const indexes = root->type == NODE_DOCUMENT ? asDocument(root)->indexes.get() : nullptr;
   if (indexes != nullptr) indexes->leaveContent(parent);
+  Lists::List* const list = toFront ? nullptr : lists().listOf(parent);
   materialise(parent);
   if (toFront) {
     linkFirst(parent, child);
@@ -372,6 +384,7 @@ void moveTo(Node* parent, Node* child, bool toFront) {
     indexes->enterTree(child);
   }
   touch(parent);
+  Lists::appended(list, child);
   // The tree that the child left may have had no other handle. If it went, it took care of its document.
   if (from != nullptr && from != root) dropIfUnheld(from);
   if (from == nullptr) freeIfUnused(former);
@@ -506,7 +519,9 @@ void freeTree(Node* root) noexcept {
 }
 
 void freeIfUnused(DocumentNode* document) noexcept {
-  if (document->heldNodes == 0 && document->detachedTrees == 0) freeTree(document);
+  if (document->heldNodes != 0 || document->detachedTrees != 0) return;
+  lists().clear();
+  freeTree(document);
 }
 
 }  // namespace dom

@@ -67,6 +67,8 @@ void changeValue(Node* node, std::string_view value);
 void changeText(Node* element, std::string_view text);
 void putAttribute(Node* element, Node* attribute);  // in place of one of its name
 void touch(Node* node) noexcept;
+// The stamp of a node, given now if it has none yet.
+std::uint32_t stampOf(Node* node) noexcept;
 
 // A detached copy owned by the same document.
 Node* cloneOf(const Node* node, DocumentNode* owner, bool deep);

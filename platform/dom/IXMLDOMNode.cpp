@@ -1,5 +1,6 @@
 #include "dom/IXMLDOMNode.h"
 
+#include "DomLists.h"
 #include "DomNames.h"
 #include "DomText.h"
 #include "DomTree.h"
@@ -195,4 +196,22 @@ std::string IXMLDOMNode::xml() const { return node_ != nullptr ? dom::xmlOf(node
 
 unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->line() : 0; }
 
-std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? node_->stamp : 0; }
+std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? dom::stampOf(node_) : 0; }
+
+bool IXMLDOMNode::findChild(std::string_view name, std::string_view text, IXMLDOMNode& found,
+                            long& index) const {
+  const dom::NameId id = dom::findName(name);
+  Node* const child =
+      node_ != nullptr && id != dom::anyName ? dom::lists().find(node_, id, text, index) : nullptr;
+  if (child == nullptr) return false;
+  found = IXMLDOMNode(child);
+  return true;
+}
+
+bool IXMLDOMNode::childAt(std::string_view name, long index, IXMLDOMNode& found) const {
+  const dom::NameId id = dom::findName(name);
+  Node* const child = node_ != nullptr && id != dom::anyName ? dom::lists().at(node_, id, index) : nullptr;
+  if (child == nullptr) return false;
+  found = IXMLDOMNode(child);
+  return true;
+}

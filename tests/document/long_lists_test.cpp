@@ -18,16 +18,19 @@ TEST_F(DocumentLongLists, PublishingPatchesNothingThatItShouldCopy) {
   std::mt19937 random(seed);
   std::string items;
   for (int i = 0; i < 100; ++i) items += "<item>c" + std::to_string(i) + "</item>";
-  open("<P ExternalId=\"p\"><name>n</name><children>" + items +
-       "</children><layout/></P><Q ExternalId=\"q\"/>");
+  open("<P ExternalId=\"p\"><name>n</name><children>" + items + "</children><info>" + items +
+       "</info><layout/></P><Q ExternalId=\"q\"/>");
   const IXMLDOMNode p = element("p"), q = element("q");
   ASSERT_TRUE(zelXmlPublishUpdate(out, p));
   int made = 0;
   for (int step = 0; step < 400; ++step) {
     const std::string number = std::to_string(++made);
-    switch (random() % 8) {
+    const std::string any = "c" + std::to_string(random() % 100);
+    IXMLDOMNode item;
+    long index = 0;
+    switch (random() % 10) {
       case 0:
-        EXPECT_TRUE(zelXmlRemoveChildItem(p, ApiPmId("c" + std::to_string(random() % 100))));
+        EXPECT_TRUE(zelXmlRemoveChildItem(p, ApiPmId(any)));
         break;
       case 1:
         EXPECT_TRUE(zelXmlPublishField(out, at(p, "name")));
@@ -37,6 +40,12 @@ TEST_F(DocumentLongLists, PublishingPatchesNothingThatItShouldCopy) {
         break;
       case 3:
         EXPECT_TRUE(zelXmlPublishUpdate(out, q));
+        break;
+      case 4:
+        EXPECT_TRUE(!at(p, "info").findChild("item", any, item, index) || zelXmlRemoveItem(p, item));
+        break;
+      case 5:
+        EXPECT_TRUE(zelXmlAddItem(p, "info", any)) << "maybe again";
         break;
       default:
         EXPECT_TRUE(zelXmlAddChildItem(p, ApiPmId("n" + number)));

@@ -94,6 +94,8 @@ bool zelXmlGetParentItemIds(const IXMLDOMNode& element, ApiPmIdList& ids);
 bool zelXmlFindListItem(const IXMLDOMNodeList& list, std::string_view text, IXMLDOMNode& item, long& index);
 bool zelXmlFindChildItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index);
 bool zelXmlFindParentItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index);
+// The item of a list field at a place, counted from 0; false beyond the last.
+bool zelXmlFindItemAt(const IXMLDOMNode& element, std::string_view list, long index, IXMLDOMNode& item);
 
 // The text is an id that names something: neither empty nor "NULL".
 inline bool zelXmlIsReference(std::string_view text) { return !text.empty() && text != "NULL"; }

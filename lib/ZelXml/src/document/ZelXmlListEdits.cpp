@@ -9,12 +9,6 @@
 
 namespace {
 
-bool addItem(const IXMLDOMNode& element, std::string_view list, const ApiPmId& id) {
-  IXMLDOMNode field;
-  return zelXmlSelectChild(element, list, field) &&
-         zelXmlAddChildWithText(element.ownerDocument(), field, "item", id.text());
-}
-
 bool setText(const IXMLDOMNode& element, std::string_view field, std::string_view text) {
   IXMLDOMNode node;
   return zelXmlSelectChild(element, field, node) && node.putText(text);
@@ -23,25 +17,35 @@ bool setText(const IXMLDOMNode& element, std::string_view field, std::string_vie
 }  // namespace
 
 bool zelXmlAddChildItem(const IXMLDOMNode& element, const ApiPmId& id) {
-  return zelXmlContainsChild(element, id) ||
-         zelXmlLongLists().add(element, id, [&] { return addItem(element, "children", id); });
+  return zelXmlContainsChild(element, id) || zelXmlAddItem(element, "children", id.text());
 }
 
 bool zelXmlAddParentItem(const IXMLDOMNode& element, const ApiPmId& id) {
   IXMLDOMNode item;
   long index = 0;
-  return zelXmlFindParentItem(element, id.text(), item, index) || addItem(element, "parents", id);
+  return zelXmlFindParentItem(element, id.text(), item, index) ||
+         zelXmlAddItem(element, "parents", id.text());
+}
+
+bool zelXmlAddItem(const IXMLDOMNode& element, std::string_view list, std::string_view text) {
+  return element && zelXmlLongLists().append(element, list, text);
+}
+
+bool zelXmlRemoveItem(const IXMLDOMNode& element, const IXMLDOMNode& item) {
+  return element && item && zelXmlLongLists().remove(element, item);
 }
 
 bool zelXmlContainsChild(const IXMLDOMNode& element, const ApiPmId& id) {
-  return element && zelXmlLongLists().contains(element, id);
+  IXMLDOMNode item;
+  long index = 0;
+  return zelXmlFindChildItem(element, id.text(), item, index);
 }
 
 bool zelXmlRemoveChildItem(const IXMLDOMNode& element, const ApiPmId& id) {
   if (!element) return false;
   IXMLDOMNode item;
   long index = 0;
-  return !zelXmlFindChildItem(element, id.text(), item, index) || zelXmlRemoveFromParent(item);
+  return !zelXmlFindChildItem(element, id.text(), item, index) || zelXmlRemoveItem(element, item);
 }
 
 bool zelXmlRemoveChildAndPublish(const IXMLDOMDocument& out, const IXMLDOMNode& element, const ApiPmId& id) {
@@ -51,7 +55,7 @@ bool zelXmlRemoveChildAndPublish(const IXMLDOMDocument& out, const IXMLDOMNode& 
 bool zelXmlRemoveParentEntry(const IXMLDOMNode& element, const ApiPmId& id) {
   IXMLDOMNode item;
   long index = 0;
-  return zelXmlFindParentItem(element, id.text(), item, index) && zelXmlRemoveFromParent(item);
+  return zelXmlFindParentItem(element, id.text(), item, index) && zelXmlRemoveItem(element, item);
 }
 
 bool zelXmlRemoveParentItem(const IXMLDOMNode& element, const IXMLDOMDocument& out, const ApiPmId& id) {

@@ -5,8 +5,13 @@
 #include "api/ApiPmIds.h"
 #include "document/ZelXmlDom.h"
 
-// Edits of the lists `children` and `parents` and of single text fields. An id stands at most once in a list:
-// the adders answer true and do nothing for one that is there.
+// Edits of the lists `children` and `parents` and of single text fields. An id stands at most once in these
+// two: their adders answer true and do nothing for one that is there.
+
+// Appends an item with this text to a list field, whatever is in it; false without the field. The second
+// removes an item of one of the element's lists.
+bool zelXmlAddItem(const IXMLDOMNode& element, std::string_view list, std::string_view text);
+bool zelXmlRemoveItem(const IXMLDOMNode& element, const IXMLDOMNode& item);
 
 // Appends an item; false without the list element.
 bool zelXmlAddChildItem(const IXMLDOMNode& element, const ApiPmId& id);

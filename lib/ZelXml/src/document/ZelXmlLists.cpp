@@ -257,32 +257,54 @@ bool zelXmlFindListItem(const IXMLDOMNodeList& list, std::string_view text, IXML
 
 namespace {
 
+IXMLDOMElement nextNamed(const IXMLDOMElement& element, std::string_view name) {
+  IXMLDOMElement next = element.nextElementSibling();
+  while (next && next.nodeName() != name) next = next.nextElementSibling();
+  return next;
+}
+
+// Over all fields of this name, as for the path "list/item". Normally there is one.
 bool findItem(const IXMLDOMNode& element, std::string_view list, std::string_view text, IXMLDOMNode& item,
               long& index) {
-  std::string buffer;
-  IXMLDOMNode found;
-  long at = 0;
-  zelXmlVisitItems(element, list, [&](const IXMLDOMElement& entry) {
-    if (entry.textView(buffer) == text) {
-      found = entry;
-      return false;
+  IXMLDOMNode first;
+  if (!zelXmlSelectChild(element, list, first)) return false;
+  long before = 0;
+  for (IXMLDOMElement field = first; field;) {
+    if (field.findChild("item", text, item, index)) {
+      index += before;
+      return true;
     }
-    ++at;
-    return true;
-  });
-  if (!found) return false;
-  item = std::move(found);
-  index = at;
-  return true;
+    const IXMLDOMElement next = nextNamed(field, list);
+    if (next) {
+      for (IXMLDOMElement each = field.firstElementChild(); each; each = each.nextElementSibling())
+        before += each.nodeName() == "item" ? 1 : 0;
+    }
+    field = next;
+  }
+  return false;
 }
 
 }  // namespace
 
-// The one place that looks an id up in `children`: an index, if one is ever wanted, goes here.
 bool zelXmlFindChildItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index) {
   return findItem(element, "children", id, item, index);
 }
 
 bool zelXmlFindParentItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index) {
   return findItem(element, "parents", id, item, index);
+}
+
+bool zelXmlFindItemAt(const IXMLDOMNode& element, std::string_view list, long index, IXMLDOMNode& item) {
+  IXMLDOMNode first;
+  if (!zelXmlSelectChild(element, list, first)) return false;
+  const IXMLDOMElement field = first;
+  if (!nextNamed(field, list)) return field.childAt("item", index, item);
+  IXMLDOMNode found;
+  zelXmlVisitItems(element, list, [&](const IXMLDOMElement& entry) {
+    if (index-- > 0) return true;
+    found = entry;
+    return false;
+  });
+  if (found) item = found;
+  return static_cast<bool>(found);
 }

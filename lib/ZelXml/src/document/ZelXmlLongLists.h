@@ -2,52 +2,47 @@
 
 #include <array>
 #include <cstdint>
-#include <unordered_set>
+#include <string>
+#include <string_view>
 #include <vector>
 
-#include "api/ApiPmId.h"
 #include "dom/IXMLDOMNode.h"
 
-// For the document layer alone: what is known of the elements whose long `children` lists were asked last, so
-// that n children can be added to one parent, and the parent published each time, without walking the list n
-// times.
+// For the document layer alone: how long list fields of an element (`children`, `info`) have changed since
+// the element was published, so that n changes of one list, each followed by a publication, do not copy the
+// list n times.
 //
 // An entry counts while its element has the change stamp that it had then. Stamps are never given twice, so
 // an entry can be out of date but never wrong, also when another element comes to stand at the same address.
 // Entries hold no nodes, and so keep no document alive.
 class ZelXmlLongLists {
  public:
-  bool contains(const IXMLDOMNode& element, const ApiPmId& id);
-
-  // Appends an item by `append`, which says whether it did; the list is known to go without the id.
-  template <class Append>
-  bool add(const IXMLDOMNode& element, const ApiPmId& id, Append append) {
-    Entry* known = find(element);
-    if (!append()) return false;
-    if (known) {
-      known->ids.insert(id);
-      known->stamp = element.changeStamp();
-      if (known->copy) known->appended.push_back(id);
-    }
-    return true;
-  }
+  // Appends an item to the list field of an element; false without the field.
+  bool append(const IXMLDOMNode& element, std::string_view list, std::string_view text);
+  // Removes an item of a list field of an element.
+  bool remove(const IXMLDOMNode& element, const IXMLDOMNode& item);
 
   // Notes that `copy` is what publishing the element as it stands gives.
   void published(const IXMLDOMNode& element, const IXMLDOMNode& copy);
-  // Brings such a copy up to date by appending the items that have come to the element since. False, with
-  // nothing done, unless nothing else has happened to either.
+  // Brings such a copy up to date by the changes of lists since. False when anything else has happened to
+  // either: then it takes a new copy.
   bool patch(const IXMLDOMNode& element, const IXMLDOMNode& copy);
 
  private:
+  struct Change {
+    std::string list;
+    long removed;  // place of an item that went, or -1: `appended` came
+    std::string appended;
+  };
   struct Entry {
     const void* element = nullptr;
     std::uint32_t stamp = 0;
-    std::unordered_set<ApiPmId> ids;
-    const void* copy = nullptr;  // null while no copy is known
+    const void* copy = nullptr;
     std::uint32_t copyStamp = 0;
-    std::vector<ApiPmId> appended;  // since the copy was equal
+    std::vector<Change> changes;  // since the copy was equal
   };
   Entry* find(const IXMLDOMNode& element);
+  static void note(Entry* known, const IXMLDOMNode& element, Change change);
 
   std::array<Entry, 8> entries_;
 };

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "document/ZelXmlFields.h"
-#include "document/ZelXmlItems.h"
 #include "document/ZelXmlLayouts.h"
+#include "document/ZelXmlListEdits.h"
 #include "document/ZelXmlLookup.h"
 #include "document/ZelXmlStream.h"
 #include "dom/IXMLDOMElement.h"
@@ -58,11 +58,10 @@ bool zelXmlStudyInfoClassName(const IXMLDOMNode& study, std::string& className) 
 bool zelXmlCreateStudyInfo(const IXMLDOMDocument& document, const IXMLDOMNode& study, IXMLDOMNode& info) {
   const std::string id = api::newGuidText();
   std::string className;
-  IXMLDOMNode made, list;
+  IXMLDOMNode made;
   if (!zelXmlStudyInfoClassName(study, className)) return false;
   if (!zelXmlAddObjectElement(document, className, id, made)) return false;
-  if (!zelXmlSelectChild(study, "info", list)) return false;
-  if (!zelXmlAddChildWithText(document, list, "item", id)) return false;
+  if (!zelXmlAddItem(study, "info", id)) return false;
   info = std::move(made);
   return true;
 }
@@ -88,21 +87,22 @@ bool zelXmlCreateShortcut(const IXMLDOMDocument& document, const IXMLDOMDocument
   return true;
 }
 
-// Linear in the place of the shortcut: removals in list order find theirs near the front.
 bool zelXmlFindShortcutItems(const IXMLDOMNode& study, std::string_view shortcutId, IXMLDOMNode& infoItem,
                              IXMLDOMNode& childItem) {
   IXMLDOMNode child, info;
   long index = 0;
-  if (!zelXmlFindChildItem(study, shortcutId, child, index)) return false;
-  zelXmlVisitItems(study, "info", [&](const IXMLDOMElement& item) {
-    if (index-- > 0) return true;
-    info = item;
+  if (!zelXmlFindChildItem(study, shortcutId, child, index) ||
+      !zelXmlFindItemAt(study, "info", index, info)) {
     return false;
-  });
-  if (!info) return false;
+  }
   infoItem = std::move(info);
   childItem = std::move(child);
   return true;
+}
+
+bool zelXmlRemoveShortcutItems(const IXMLDOMNode& study, const IXMLDOMNode& infoItem,
+                               const IXMLDOMNode& childItem) {
+  return zelXmlRemoveItem(study, infoItem) && zelXmlRemoveItem(study, childItem);
 }
 
 bool zelXmlGetStudyOfShortcut(const IXMLDOMDocument& document, const IXMLDOMNode& shortcut,
@@ -152,8 +152,7 @@ bool zelXmlRemoveShortcut(ApiPmXmlCachedDocument& cached, const IXMLDOMNode& sho
     zelXmlRemoveCachedElement(cached, layout);
   }
   if (zelXmlFindShortcutItems(study, shortcutId.text(), infoItem, childItem)) {
-    zelXmlRemoveFromParent(infoItem);
-    zelXmlRemoveFromParent(childItem);
+    zelXmlRemoveShortcutItems(study, infoItem, childItem);
   }
   return zelXmlRemoveCachedElement(cached, shortcut);
 }
@@ -173,7 +172,7 @@ bool zelXmlRemoveStudyShortcut(ApiPmXmlCachedDocument& cached, const IXMLDOMDocu
   const IXMLDOMDocument document = cached.importedDocument();
   // The id by value: the caller's may be a part of what goes away with the shortcut.
   const ApiPmId id = shortcutId;
-  IXMLDOMNode study, shortcut, infoItem, childItem, info, layout, list;
+  IXMLDOMNode study, shortcut, infoItem, childItem, info, layout;
   if (!zelXmlFindNodeById(document, studyId, study)) return false;
   if (!zelXmlFindNodeById(document, id, shortcut)) return false;
   if (!zelXmlPublishDeletion(cached, out, shortcut)) return false;
@@ -181,7 +180,5 @@ bool zelXmlRemoveStudyShortcut(ApiPmXmlCachedDocument& cached, const IXMLDOMDocu
   if (!getStudyObjects(document, infoItem, info, layout)) return false;
   if (!zelXmlPublishDeletion(cached, out, info)) return false;
   if (!zelXmlPublishDeletion(cached, out, layout)) return false;
-  if (!zelXmlSelectChild(study, "info", list) || !list.removeChild(infoItem)) return false;
-  if (!zelXmlRemoveFromParent(childItem)) return false;
-  return zelXmlPublishUpdate(out, study);
+  return zelXmlRemoveShortcutItems(study, infoItem, childItem) && zelXmlPublishUpdate(out, study);
 }

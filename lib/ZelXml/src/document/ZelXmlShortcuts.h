@@ -23,9 +23,11 @@ bool zelXmlCreateShortcut(const IXMLDOMDocument& document, const IXMLDOMDocument
 bool zelXmlCreateShortcutInfo(const IXMLDOMDocument& document, const IXMLDOMDocument& out,
                               const IXMLDOMNode& study);
 
-// The items of a shortcut in `children` and, at the same place, in `info`.
+// The items of a shortcut in `children` and, at the same place, in `info`; and their removal.
 bool zelXmlFindShortcutItems(const IXMLDOMNode& study, std::string_view shortcutId, IXMLDOMNode& infoItem,
                              IXMLDOMNode& childItem);
+bool zelXmlRemoveShortcutItems(const IXMLDOMNode& study, const IXMLDOMNode& infoItem,
+                               const IXMLDOMNode& childItem);
 bool zelXmlGetStudyOfShortcut(const IXMLDOMDocument& document, const IXMLDOMNode& shortcut,
                               IXMLDOMNode& study);
 bool zelXmlFindStudyInfo(const IXMLDOMDocument& document, const ApiPmId& shortcutId, IXMLDOMNode& info);

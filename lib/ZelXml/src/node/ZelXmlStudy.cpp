@@ -152,7 +152,7 @@ bool ZelXmlStudyNode::removeStudyInfo(const ApiPmId& shortcut) {
   ApiPmXmlCachedDocument& cached = getWrapper()->cachedDOMDocument();
   return zelXmlRemoveCachedElement(cached, info) &&
          zelXmlGetReferencedNode(document(), info, "layout", layout) &&
-         zelXmlRemoveCachedElement(cached, layout) && zelXmlRemoveFromParent(infoItem);
+         zelXmlRemoveCachedElement(cached, layout) && zelXmlRemoveItem(getXmlNode(), infoItem);
 }
 
 bool ZelXmlStudyNode::removeShownObjectLocally(const ApiPmId& shown) {

@@ -84,8 +84,7 @@ bool ZelXmlWrapper::refreshShortcutRemovalFromStudy(const ApiPmId& shortcutId, c
          zelXmlRemoveCachedElement(cached, info) && zelXmlRemoveCachedElement(cached, layout) &&
          zelXmlRemoveCachedElement(cached, shortcut) &&
          zelXmlFindShortcutItems(study, shortcutId.text(), infoItem, childItem) &&
-         zelXmlRemoveFromParent(infoItem) && zelXmlRemoveFromParent(childItem) &&
-         parentFinder_.removeRelevantParent(nodeId);
+         zelXmlRemoveShortcutItems(study, infoItem, childItem) && parentFinder_.removeRelevantParent(nodeId);
 }
 
 bool ZelXmlWrapper::refreshAllShortcutsRemovalFromStudy() {
