@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "dom/DomWork.h"
 #include "dom/IXMLDOMElement.h"
 #include "dom/IXMLDOMNode.h"
 #include "dom/IXMLDOMNodeList.h"
@@ -71,6 +72,7 @@ class IXMLDOMDocument : public IXMLDOMNode {
   // Nodes of all kinds alive in this process, for leak tests. A text that stands in its element alone is no
   // node until someone asks for it.
   static std::size_t livingNodes() noexcept;
+  static DomWork work() noexcept;
 
  private:
   using IXMLDOMNode::IXMLDOMNode;

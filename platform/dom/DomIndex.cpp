@@ -177,6 +177,7 @@ Indexes::ByName& Indexes::make(bool attributes, NameId name) {
     for (std::size_t i = 1; i < indexes_.size(); ++i) kept.push_back(std::move(indexes_[i]));
     indexes_.swap(kept);
   }
+  ++work.indexesMade;
   return indexes_.emplace_back(ByName{attributes, name, {}, {}});
 }
 
@@ -186,6 +187,7 @@ void Indexes::byAttribute(DocumentNode* document, NameId name, std::string_view 
   if (index == nullptr) {
     index = &make(true, name);
     for (Node* node = document; node != nullptr; node = following(node, document)) {
+      ++work.nodesVisited;
       if (Node* const attribute = findAttribute(node, name)) index->enter(attribute, true);
     }
   }
@@ -202,6 +204,7 @@ void Indexes::byChildText(DocumentNode* document, NameId name, std::string_view 
     for (Node* node = document; node != nullptr; node = following(node, document)) {
       if (!node->isElement()) continue;
       for (Node* child = firstElement(node); child != nullptr; child = nextElement(child)) {
+        ++work.nodesVisited;
         if (child->name == name) index->enter(child, true);
       }
     }

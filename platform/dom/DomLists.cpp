@@ -86,6 +86,7 @@ class Lists::List {
   void forget() noexcept { parent_ = nullptr; }
 
   void add(Node* child) {
+    ++work.nodesVisited;
     slots_.push_back(child);
     ++living_;
     const std::size_t place = slots_.size();
@@ -149,6 +150,7 @@ Lists::List& Lists::list(Node* parent, NameId name) {
 Node* Lists::find(Node* parent, NameId name, std::string_view text, long& index) {
   long walked = 0;
   for (Node* child = firstNamed(parent, name); child != nullptr; child = nextNamed(child, name)) {
+    ++work.nodesVisited;
     if (textEquals(child, text)) {
       index = walked;
       return child;

@@ -10,6 +10,7 @@
 namespace dom {
 
 std::size_t livingNodes() noexcept;
+inline DomWork work;
 
 // A node that stands nowhere and is counted nowhere yet: link it or make it `adopt`ed.
 Node* newNode(int type, NameId name);

@@ -30,6 +30,7 @@ class Cache {
       shorts_.fill({});
       entries_.clear();
     }
+    ++work.pathsCompiled;
     auto entry = std::make_unique<Entry>();
     entry->text = xpath;
     entry->good = parsePath(xpath, entry->path);
@@ -92,6 +93,7 @@ bool walk(Node* start, bool startIsCandidate, const Path& path, Visit visit) {
   active[0] = 1;
   Node* node = startIsCandidate ? (start->isElement() ? start : nullptr) : firstElement(start);
   while (node != nullptr) {
+    ++work.nodesVisited;
     std::uint64_t reached = 0;
     const std::uint64_t here = active[level];
     for (std::uint64_t left = here; left != 0; left &= left - 1) {

@@ -208,3 +208,5 @@ bool IXMLDOMDocument::findByChildText(std::string_view child, std::string_view t
 }
 
 std::size_t IXMLDOMDocument::livingNodes() noexcept { return dom::livingNodes(); }
+
+DomWork IXMLDOMDocument::work() noexcept { return dom::work; }

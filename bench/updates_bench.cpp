@@ -1,0 +1,96 @@
+// What takes in or walks the whole study. The documents are read before the clock starts.
+
+#include <cstdlib>
+
+#include "Bench.h"
+#include "Studies.h"
+#include "zelstudy/StudyCheck.h"
+
+namespace {
+
+using namespace bench;
+
+IXMLDOMDocument read(const std::string& file) {
+  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  if (!document.load(file)) std::exit(2);
+  return document;
+}
+
+// An update that holds every object of the study.
+void replaceAll(benchmark::State& state, long objects) {
+  for (auto _ : state) {
+    Study study(studyFile(objects));
+    const IXMLDOMDocument update = read(studyFile(objects));
+    ApiPmIdList deleted;
+    ApiPmIdList updated;
+    const Watch watch;
+    study.wrapper().setUpdateDocument(update);
+    if (!study.wrapper().update(deleted, updated, false)) std::exit(2);
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
+// An update of as many objects, all of them new to a small study.
+void addAll(benchmark::State& state, long objects) {
+  for (auto _ : state) {
+    Study study(studyFile(objects));
+    const IXMLDOMDocument update = read(studyFile(objects));
+    IXMLDOMNode section;
+    study.document().selectSingleNode("Data/Objects", section);
+    for (IXMLDOMElement object = section.firstElementChild(); object;) {
+      const IXMLDOMElement next = object.nextElementSibling();
+      section.removeChild(object);
+      object = next;
+    }
+    study.wrapper().build(false);
+    ApiPmIdList updated;
+    const Watch watch;
+    study.wrapper().setUpdateDocument(update);
+    if (!study.wrapper().incrementalUpdate(updated, false)) std::exit(2);
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
+void unshare(benchmark::State& state, long objects) {
+  for (auto _ : state) {
+    Study study(studyFile(objects));
+    const Watch watch;
+    study.wrapper().removeSharing();
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
+// An update of nothing: the roots are gathered anew.
+void refresh(benchmark::State& state, long objects) {
+  Study& study = readStudy(objects);
+  const IXMLDOMDocument nothing = IXMLDOMDocument::create();
+  nothing.loadXML("<Data><Objects/></Data>");
+  study.wrapper().setUpdateDocument(nothing);
+  for (auto _ : state) {
+    const Watch watch;
+    study.wrapper().update(false);
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
+void check(benchmark::State& state, long objects) {
+  const IXMLDOMDocument document = read(studyFile(objects));
+  for (auto _ : state) {
+    const Watch watch;
+    benchmark::DoNotOptimize(zelstudy::checkStudy(document));
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
+const int added = add({"full update", {{OURS, replaceAll}}, "open", 3}) +
+                  add({"incremental update", {{OURS, addAll}}, "open", 3}) +
+                  add({"removeSharing", {{OURS, unshare}}, "open", 1}) +
+                  add({"refreshRoots", {{OURS, refresh}}, "open", 1}) +
+                  add({"check", {{OURS, check}}, "open", 1});
+
+}  // namespace
