@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "api/ApiPmId.h"
 
@@ -105,9 +106,23 @@ struct ApiFullPathDocument {
 // Where a study document comes from: the path of its file, or empty.
 struct ApiDocumentRef {
   std::string path;
+  ApiDocumentRef() = default;
+  ApiDocumentRef(std::string fullPath) : path(std::move(fullPath)) {}  // NOLINT(google-explicit-constructor)
+  explicit ApiDocumentRef(const ApiFullPathDocument& document) : path(document.path) {}
+};
+
+// The 128 bits of a new id, as the platform's interfaces hand them out.
+struct _GUID {
+  std::uint32_t Data1;
+  std::uint16_t Data2;
+  std::uint16_t Data3;
+  std::uint8_t Data4[8];
 };
 
 namespace api {
+
+// The text form of such an id, as newGuidText has it.
+std::string guidText(const _GUID& guid);
 
 // Text of a new id from the platform's generator: 36 characters, hexadecimal with hyphens, no braces.
 std::string newGuidText();

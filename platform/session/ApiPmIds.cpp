@@ -23,6 +23,12 @@ std::function<std::string()>& guidSource() {
   return source;
 }
 
+std::string textOf(const uuid_t& bytes) {
+  char text[UUID_STR_LEN];
+  uuid_unparse_lower(bytes, text);
+  return text;
+}
+
 }  // namespace
 
 ApiGlobalUniqueId::ApiGlobalUniqueId(std::string_view text) {
@@ -32,13 +38,25 @@ ApiGlobalUniqueId::ApiGlobalUniqueId(std::string_view text) {
 
 namespace api {
 
+std::string guidText(const _GUID& guid) {
+  // The library takes the numbers with their highest byte first.
+  uuid_t bytes;
+  std::size_t at = 0;
+  const auto put = [&](std::uint32_t number, int size) {
+    while (size-- > 0) bytes[at++] = static_cast<unsigned char>(number >> (8 * size));
+  };
+  put(guid.Data1, 4);
+  put(guid.Data2, 2);
+  put(guid.Data3, 2);
+  for (const std::uint8_t byte : guid.Data4) put(byte, 1);
+  return textOf(bytes);
+}
+
 std::string newGuidText() {
   if (guidSource()) return guidSource()();
   uuid_t bytes;
   uuid_generate_random(bytes);
-  char text[UUID_STR_LEN];
-  uuid_unparse_lower(bytes, text);
-  return text;
+  return textOf(bytes);
 }
 
 void setGuidSource(std::function<std::string()> source) { guidSource() = std::move(source); }

@@ -82,8 +82,9 @@ class IdMap {
     }
   }
   std::size_t mask() const noexcept { return slots_.size() - 1; }
-  // Ids by address: moving them on growth then reads no text. The product spreads addresses and numbers
-  // alike.
+  // Ids by address: moving them on growth then reads no text. Each map has an order of its own: when one
+  // goes, its ids are freed in its order, and those made next for another come to stand at these addresses.
+  // In the same order they would all go to one end of a growing table, and heap up there.
   std::size_t home(const Key& key) const noexcept {
     std::uint64_t number;
     if constexpr (std::is_same_v<Key, ApiPmId>) {
@@ -91,7 +92,9 @@ class IdMap {
     } else {
       number = std::hash<Key>{}(key);
     }
-    return static_cast<std::size_t>(number * 0x9e3779b97f4a7c15ULL >> shift_);
+    number = (number ^ order_) * 0x9e3779b97f4a7c15ULL;
+    number = (number ^ number >> 32) * 0xff51afd7ed558ccdULL;
+    return static_cast<std::size_t>(number >> shift_);
   }
   // The slot of the key, or the free one where it would go.
   std::size_t position(const Key& key) const noexcept {
@@ -112,4 +115,6 @@ class IdMap {
   std::vector<Slot> slots_;  // none or a power of two
   std::size_t count_ = 0;
   unsigned shift_ = 0;
+  static inline std::uint64_t orders_ = 0;
+  std::uint64_t order_ = orders_ += 0xc4ceb9fe1a85ec53ULL;
 };

@@ -57,15 +57,10 @@ bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& op
 
 // An output must not replace what the command reads or writes besides; -o may name the study itself.
 bool outputsAreApart(const EditArguments& arguments) {
-  const auto apart = [](const char* option, const std::string& output, const std::string& other) {
-    if (output.empty() || other.empty() || !isSameFile(output, other)) return true;
-    say(std::string(option) + " " + output + " would overwrite " + other);
-    return false;
-  };
-  return apart("--out", arguments.changesFile, arguments.file) &&
-         apart("--out", arguments.changesFile, arguments.newFile) &&
-         apart("--out", arguments.changesFile, arguments.script) &&
-         apart("-o", arguments.newFile, arguments.script);
+  return spares("--out", arguments.changesFile, arguments.file) &&
+         spares("--out", arguments.changesFile, arguments.newFile) &&
+         spares("--out", arguments.changesFile, arguments.script) &&
+         spares("-o", arguments.newFile, arguments.script);
 }
 
 int run(const Tool& tool, const EditArguments& arguments) {

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include "zelstudy/Tool.h"
+
 namespace zelstudy {
 
 namespace fs = std::filesystem;
@@ -16,6 +18,12 @@ bool isSameFile(const std::string& a, const std::string& b) {
   const fs::path first = fs::weakly_canonical(fs::absolute(a, error), error);
   const fs::path second = fs::weakly_canonical(fs::absolute(b, error), error);
   return !first.empty() && first == second;
+}
+
+bool spares(const std::string& option, const std::string& output, const std::string& other) {
+  if (output.empty() || other.empty() || !isSameFile(output, other)) return true;
+  say(option + " " + output + " would overwrite " + other);
+  return false;
 }
 
 namespace {

@@ -9,6 +9,9 @@ namespace zelstudy {
 
 // Whether two paths name one file, be it there yet or not.
 bool isSameFile(const std::string& a, const std::string& b);
+// Whether an output is another file than `other`; with a message for people when it is not. `option` is how
+// the output was given; an empty name is no file.
+bool spares(const std::string& option, const std::string& output, const std::string& other);
 
 // Saves the study and the change commands; an empty name leaves that one out. Each file is replaced whole or
 // not at all. The commands are written beside their file first, then the study is saved, then the commands

@@ -9,6 +9,7 @@
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
+#include "zelstudy/UpdateDocument.h"
 
 namespace zelstudy {
 
@@ -71,25 +72,13 @@ void printText(const UpdateOutcome& outcome) {
 }
 
 bool prepare(const UpdateArguments& arguments, IXMLDOMDocument& update) {
-  if (!arguments.newFile.empty() && isSameFile(arguments.newFile, arguments.update)) {
-    say("-o " + arguments.newFile + " would overwrite " + arguments.update);
-    return false;
-  }
+  if (!spares("-o", arguments.newFile, arguments.update)) return false;
   if (!arguments.filesCache.empty() &&
       !LocalFilesCacheClientFilesManager::the().activate(arguments.filesCache)) {
     say(arguments.filesCache + ": cannot be used as a files cache");
     return false;
   }
-  update = IXMLDOMDocument::create();
-  DomError error;
-  IXMLDOMNode section;
-  if (!update.load(arguments.update, &error)) {
-    say(error.message());
-    return false;
-  }
-  if (update.selectSingleNode("Data/Objects", section)) return true;
-  say(arguments.update + ": no update: it has no Data/Objects");
-  return false;
+  return loadUpdate(arguments.update, update);
 }
 
 int run(const Tool& tool, const UpdateArguments& arguments) {
