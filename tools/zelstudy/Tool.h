@@ -35,6 +35,7 @@ void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
+void addDiffCommand(CLI::App& app, Tool& tool);
 void addPrototypesCommand(CLI::App& app, Tool& tool);
 inline constexpr AddCommand commands[] = {
     addInfoCommand,        //
@@ -43,6 +44,7 @@ inline constexpr AddCommand commands[] = {
     addEditCommand,        //
     addUpdateCommand,      //
     addCheckCommand,       //
+    addDiffCommand,        //
     addPrototypesCommand,  //
 };
 
