@@ -1,7 +1,6 @@
 #include "zelstudy/DiffModel.h"
 
 #include "document/ZelXmlFields.h"
-#include "document/ZelXmlItems.h"
 #include "dom/IXMLDOMNodeList.h"
 
 namespace zelstudy {
@@ -106,12 +105,9 @@ std::string childText(const IXMLDOMElement& element, std::string_view name) {
 }
 
 std::vector<std::string> itemTexts(const IXMLDOMElement& element, std::string_view list) {
-  std::vector<std::string> texts;
-  zelXmlVisitItems(element, list, [&](const IXMLDOMElement& item) {
-    texts.push_back(item.text());
-    return true;
-  });
-  return texts;
+  ZelXmlList<std::string> texts;
+  zelXmlGetTextList(element, list, texts);
+  return {texts.begin(), texts.end()};
 }
 
 }  // namespace zelstudy
