@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "ObjectWriter.h"
 #include "Random.h"
 
 namespace zelgen {
@@ -74,49 +75,25 @@ void StudyWriter::writeShortcut(std::uint32_t index) {
   const Serial shortcut = plan_.shortcut(index), info = shortcut + 1, layout = shortcut + 2;
   const auto trees = static_cast<std::uint32_t>(plan_.trees.size());
   const bool ofTree = index < trees;
-  xml_.beginObject("PmShortcut", plan_.id(shortcut));
-  xml_.text("name", ofTree ? treeName(index) : processName(index - trees));
-  reference("parent", Plan::kStudy);
-  reference("linkExternalID", plan_.shortcutTarget(index));
-  nodeInfo("Shortcut", shortcut);
-  xml_.endObject("PmShortcut");
-
-  const std::string infoClass = plan_.options.studyClass + "Info";
-  xml_.beginObject(infoClass, plan_.id(info));
-  reference("layout", layout);
-  nodeInfo(infoClass, info);
-  xml_.endObject(infoClass);
-
-  xml_.beginObject("PmStudyLayout", plan_.id(layout));
-  xml_.vectors(ofTree ? rootPlacement(plan_.trees[index]) : Placement{});
-  xml_.empty("children");
-  xml_.text("parent", "NULL");
-  nodeInfo("PmStudyLayout", layout);
-  xml_.endObject("PmStudyLayout");
+  zelgen::writeShortcut(xml_, plan_.id(shortcut), ofTree ? treeName(index) : processName(index - trees),
+                        plan_.id(Plan::kStudy), plan_.id(plan_.shortcutTarget(index)), numberOf(shortcut));
+  writeStudyInfo(xml_, plan_.options.studyClass + "Info", plan_.id(info), plan_.id(layout), numberOf(info));
+  writeStudyLayout(xml_, plan_.id(layout), ofTree ? rootPlacement(plan_.trees[index]) : Placement{},
+                   numberOf(layout));
 }
 
 void StudyWriter::writePrototype(std::uint32_t index) {
   const Serial prototype = plan_.prototype(index), rep = prototype + 1, file = prototype + 2;
   const bool part = index < plan_.partPrototypes;
-  const std::string_view element = part ? "PmPartPrototype" : "PmToolPrototype";
   const std::uint64_t seed = plan_.options.seed + prototype;
-  xml_.beginObject(element, plan_.id(prototype));
-  xml_.text("name", numbered(part ? pick(kParts, seed) : pick(kTools, seed), index + 1));
-  reference("threeDRep", rep);
-  xml_.millionths("weight", static_cast<Millionths>(scatter(seed) % 500'000'000));
-  nodeInfo(part ? "PartPrototype" : "ToolPrototype", prototype);
-  xml_.endObject(element);
-
-  xml_.beginObject("Pm3DRep", plan_.id(rep));
-  reference("file", file);
-  nodeInfo("ExternalDocument", rep);
-  xml_.endObject("Pm3DRep");
-
-  xml_.beginObject("PmReferenceFile", plan_.id(file));
-  xml_.text("fileName",
-            std::string(part ? "#\\parts\\part" : "#\\tools\\tool") + std::to_string(index + 1) + ".jt");
-  nodeInfo("PmReferenceFile", file);
-  xml_.endObject("PmReferenceFile");
+  zelgen::writePrototype(xml_, part, plan_.id(prototype),
+                         numbered(part ? pick(kParts, seed) : pick(kTools, seed), index + 1), plan_.id(rep),
+                         static_cast<Millionths>(scatter(seed) % 500'000'000), numberOf(prototype));
+  writeThreeDRep(xml_, plan_.id(rep), plan_.id(file), numberOf(rep));
+  writeReferenceFile(
+      xml_, plan_.id(file),
+      std::string(part ? "#\\parts\\part" : "#\\tools\\tool") + std::to_string(index + 1) + ".jt",
+      numberOf(file));
 }
 
 void StudyWriter::writeTree(std::uint32_t index) {

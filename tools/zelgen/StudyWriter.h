@@ -30,8 +30,9 @@ class StudyWriter {
 
   /// The parts of an object that all kinds share.
   void reference(std::string_view field, Serial target) { xml_.text(field, plan_.id(target)); }
+  static std::uint64_t numberOf(Serial serial) { return std::uint64_t{serial} + 1; }
   void nodeInfo(std::string_view family, Serial serial, const Placement* absolute = nullptr) {
-    xml_.nodeInfo(family, std::uint64_t{serial} + 1, absolute);
+    xml_.nodeInfo(family, numberOf(serial), absolute);
   }
   void signal(std::string_view holder, const IdText& id, std::string_view type, Serial operation);
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "ExternalGenerator.h"
 #include "OutputFile.h"
 #include "StudyGenerator.h"
 #include "UpdateGenerator.h"
@@ -25,7 +26,10 @@ int writeStudy(const zelgen::StudyOptions& options, const std::string& output) {
   return written && file.commit() ? 0 : fail(file.error());
 }
 
-int writeUpdate(const zelgen::UpdateOptions& options, const std::string& study, const std::string& output) {
+/// `generate` writes what is made from a study: an update or an external document.
+template <class Options, class Generate>
+int writeFrom(const std::string& study, const Options& options, Generate generate,
+              const std::string& output) {
   if (const auto reason = zelgen::whyRefused(options)) return fail(*reason);
   std::error_code ignored;
   if (output != "-" && std::filesystem::equivalent(study, output, ignored)) {
@@ -36,7 +40,7 @@ int writeUpdate(const zelgen::UpdateOptions& options, const std::string& study, 
   if (!document.load(study, &error)) return fail(error.message());
   zelgen::OutputFile file(output);
   std::string reason;
-  const bool written = zelgen::generateUpdate(
+  const bool written = generate(
       options, document, [&](std::string_view chunk) { return file.write(chunk); }, reason);
   if (!reason.empty()) return fail(study + ": " + reason);
   return written && file.commit() ? 0 : fail(file.error());
@@ -50,35 +54,54 @@ int main(int argc, char** argv) {
 
   zelgen::StudyOptions options;
   zelgen::UpdateOptions update;
+  zelgen::ExternalOptions external;
   std::string output = "-";
-  std::string study;
+  std::string study, externalStudy;
   CLI::App app(
-      "Writes a made-up manufacturing study of any size, or an update for a study. Equal options give equal "
-      "bytes.",
+      "Writes a made-up manufacturing study of any size, or an update or an external document for a study. "
+      "Equal options give equal bytes.",
       "zelgen");
   CLI::Option* objects = app.add_option("-n,--objects", options.objects, "Object elements in the study");
   CLI::Option* updateOf = app.add_option("--update-of", study, "Write an update for this study instead")
                               ->type_name("STUDY")
                               ->excludes(objects);
+  CLI::Option* externalOf =
+      app.add_option("--external-of", externalStudy, "Write an external document for this study instead")
+          ->type_name("STUDY")
+          ->excludes(objects)
+          ->excludes(updateOf);
   app.add_option("-s,--seed", options.seed, "Start of the random numbers")->capture_default_str();
   app.add_option("-o,--output", output, "File to write; - is the standard output")->capture_default_str();
   app.add_option("--depth", options.depth, "Levels of the deepest tree")
       ->capture_default_str()
-      ->excludes(updateOf);
+      ->excludes(updateOf)
+      ->excludes(externalOf);
   app.add_option("--shared", options.shared, "Per cent of the part leaves with a second parent")
       ->capture_default_str()
-      ->excludes(updateOf);
+      ->excludes(updateOf)
+      ->excludes(externalOf);
   app.add_option("--study-class", options.studyClass, "MarvekStudy or LineSimulationStudy")
       ->capture_default_str()
-      ->excludes(updateOf);
-  app.add_flag("--pretty", options.pretty, "Indent, one line per element")->excludes(updateOf);
+      ->excludes(updateOf)
+      ->excludes(externalOf);
+  app.add_flag("--pretty", options.pretty, "Indent, one line per element")
+      ->excludes(updateOf)
+      ->excludes(externalOf);
   const auto addShare = [&](const char* name, std::uint32_t& percent, const char* what) {
-    app.add_option(name, percent, what)->type_name("PERCENT")->capture_default_str()->needs(updateOf);
+    return app.add_option(name, percent, what)->type_name("PERCENT")->capture_default_str();
   };
-  addShare("--new", update.added, "Of an update: new objects");
-  addShare("--changed", update.changed, "Of an update: objects with another name or comment");
-  addShare("--moved", update.moved, "Of an update: objects under another compound");
-  addShare("--vanished", update.vanished, "Of an update: objects that are gone");
+  CLI::Option* added = addShare("--new", update.added, "Made from a study: new objects");
+  CLI::Option* changed =
+      addShare("--changed", update.changed, "Made from a study: objects with another name or comment");
+  addShare("--moved", update.moved, "Of an update: objects under another compound")->needs(updateOf);
+  addShare("--vanished", update.vanished, "Of an update: objects that are gone")->needs(updateOf);
+  addShare("--unchanged", external.unchanged, "Of an external document: objects as the study has them")
+      ->needs(externalOf);
+  app.add_option("--class-changes", external.classChanges,
+                 "Of an external document: objects that have another class there")
+      ->type_name("N")
+      ->capture_default_str()
+      ->needs(externalOf);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -86,8 +109,17 @@ int main(int argc, char** argv) {
   }
   if (*updateOf) {
     update.seed = options.seed;
-    return writeUpdate(update, study, output);
+    return writeFrom(study, update, zelgen::generateUpdate, output);
   }
-  if (!*objects) return fail("give --objects N for a study, or --update-of STUDY for an update");
+  if (*externalOf) {
+    external.seed = options.seed;
+    external.added = update.added;
+    external.changed = update.changed;
+    return writeFrom(externalStudy, external, zelgen::generateExternal, output);
+  }
+  if (*added || *changed) return fail("--new and --changed need --update-of or --external-of");
+  if (!*objects) {
+    return fail("give --objects N for a study, or --update-of or --external-of STUDY for what goes with one");
+  }
   return writeStudy(options, output);
 }

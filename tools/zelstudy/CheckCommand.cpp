@@ -7,6 +7,7 @@
 #include "zelstudy/NodeJson.h"
 #include "zelstudy/Progress.h"
 #include "zelstudy/StudyCheck.h"
+#include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
 
@@ -62,20 +63,11 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 
 int run(const Tool& tool, const CheckArguments& arguments) {
   if (!arguments.code.empty()) return explain(tool, arguments);
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  IXMLDOMDocument document;
+  if (!loadStudy(arguments.file, document)) return exitFailure;
   std::vector<Finding> findings;
   {
     const Progress progress("checking " + arguments.file);
-    DomError reason;
-    if (!document.load(arguments.file, &reason)) {
-      say(reason.message());
-      return exitFailure;
-    }
-    IXMLDOMNode section;
-    if (!document.selectSingleNode("Data/Objects", section)) {
-      say(arguments.file + ": no study: the document has no Objects under a root Data");
-      return exitFailure;
-    }
     findings = checkStudy(document, arguments.strict);
   }
   const auto errors = static_cast<std::size_t>(std::count_if(

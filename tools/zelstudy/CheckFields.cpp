@@ -151,10 +151,7 @@ void CheckModel::reportLost(std::uint32_t index, const Field& field, CheckRef re
 
 bool CheckModel::readNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element,
                             double& value) {
-  std::string_view digits = text(element);
-  constexpr std::string_view blanks = " \t\r\n";
-  digits.remove_prefix(std::min(digits.find_first_not_of(blanks), digits.size()));
-  digits = digits.substr(0, digits.find_last_not_of(blanks) + 1);
+  const std::string_view digits = withoutBlanks(text(element));
   value = 0;
   if (digits.empty() || zelstudy::readNumber(digits, value)) return true;
   report(

@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <cmath>
 
 #include "zelstudy/CheckModel.h"
+#include "zelstudy/Placements.h"
 
 // Layouts: whose they are, the tree that they form beside that of the objects, and where they stand.
 
@@ -9,16 +9,9 @@ namespace zelstudy {
 
 namespace {
 
-// Locations are texts of six decimals. One edit rounds once, and many edits of one object add up; so the
-// tolerances are far above a rounding and far below what anyone places by. An error of angle moves what is
-// far away by more, hence the part that grows with distance.
-constexpr double lengthTolerance = 1e-3, lengthPerDistance = 1e-5, angleTolerance = 1e-4;
-
 bool isLayout(const CheckObject& object) {
   return object.kind == CheckKind::layout || object.kind == CheckKind::studyLayout;
 }
-
-double reach(const RTVec3D& v) { return std::max({std::abs(v.x), std::abs(v.y), std::abs(v.z)}); }
 
 class LayoutCheck {
  public:
@@ -221,7 +214,7 @@ class LayoutCheck {
     const RTTran3D absolute(own.absoluteLocation, own.absoluteRotation);
     double distance = std::max(reach(own.location), reach(own.absoluteLocation));
     const auto differs = [&](const RTTran3D& expected) {
-      return !absolute.isNear(expected, lengthTolerance + lengthPerDistance * distance, angleTolerance);
+      return !isSameButForRounding(absolute, expected, distance);
     };
     if (layout.parent.isObject() && model_.at(layout.parent).kind == CheckKind::layout) {
       const CheckPlacement& parent = model_.placement(model_.at(layout.parent));

@@ -21,4 +21,12 @@ bool readNumber(std::string_view text, Number& value) {
   return true;
 }
 
+// The text without white space around it.
+inline std::string_view withoutBlanks(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
 }  // namespace zelstudy

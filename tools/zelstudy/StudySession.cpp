@@ -8,6 +8,22 @@
 
 namespace zelstudy {
 
+namespace {
+
+bool readStudy(const std::string& fileName, IXMLDOMDocument& document, std::string& error) {
+  const Progress progress("opening " + fileName);
+  document = IXMLDOMDocument::create();
+  DomError reason;
+  IXMLDOMNode section;
+  if (!document.load(fileName, &reason))
+    error = reason.message();
+  else if (!document.selectSingleNode("Data/Objects", section))
+    error = fileName + ": no study: the document has no Objects under a root Data";
+  return error.empty();
+}
+
+}  // namespace
+
 StudySession::StudySession() {
   zelXmlInit();
   formerSink_ = apiErr.setSink([this](const ApiErrEntry& entry) { messages_.push_back(entry); });
@@ -21,20 +37,9 @@ StudySession::~StudySession() {
 
 bool StudySession::open(const std::string& fileName, const SessionSettings& settings, std::string& error) {
   fileName_ = fileName;
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
-  {
-    const Progress progress("opening " + fileName);
-    DomError reason;
-    if (!document.load(fileName, &reason)) {
-      error = reason.message();
-      return false;
-    }
-  }
-  IXMLDOMNode section;
-  if (!document.selectSingleNode("Data/Objects", section)) {
-    error = fileName + ": no study: the document has no Objects under a root Data";
-    return false;
-  }
+  error.clear();
+  IXMLDOMDocument document;
+  if (!readStudy(fileName, document, error)) return false;
 
   const Progress progress("building " + fileName);
   ApiPmSessionManager& session = ApiPmSessionManager::the();
@@ -97,6 +102,13 @@ bool StudySession::save(const std::string& fileName, std::string& error) const {
   DomError reason;
   if (wrapper_->DOMDocument().save(fileName, &reason)) return true;
   error = reason.message();
+  return false;
+}
+
+bool loadStudy(const std::string& fileName, IXMLDOMDocument& document) {
+  std::string error;
+  if (readStudy(fileName, document, error)) return true;
+  say(error);
   return false;
 }
 

@@ -56,6 +56,10 @@ class StudySession {
   ApiErrStream::Sink formerSink_;
 };
 
+// Reads the document of a study, without a session. False, with a message for people, for a file that cannot
+// be read and a document without Data/Objects.
+bool loadStudy(const std::string& fileName, IXMLDOMDocument& document);
+
 // Opens a study for a command, with messages for people: why it could not be opened, and how many messages
 // came up. False: the command ends with exitFailure.
 bool openStudy(StudySession& study, const std::string& fileName, const SessionSettings& settings);

@@ -36,6 +36,7 @@ void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
 void addUpdateFileCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
+void addDiffCommand(CLI::App& app, Tool& tool);
 void addPrototypesCommand(CLI::App& app, Tool& tool);
 inline constexpr AddCommand commands[] = {
     addInfoCommand,        //
@@ -45,6 +46,7 @@ inline constexpr AddCommand commands[] = {
     addUpdateCommand,      //
     addUpdateFileCommand,  //
     addCheckCommand,       //
+    addDiffCommand,        //
     addPrototypesCommand,  //
 };
 
