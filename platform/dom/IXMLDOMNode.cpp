@@ -136,6 +136,13 @@ bool IXMLDOMNode::selectSingleNode(std::string_view xpath, IXMLDOMNode& found) c
   return true;
 }
 
+bool IXMLDOMNode::selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const {
+  const Node* const node = node_ != nullptr ? dom::selectFirst(node_, xpath) : nullptr;
+  if (node == nullptr) return false;
+  text = dom::textOf(node, buffer);
+  return true;
+}
+
 bool IXMLDOMNode::selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const {
   std::vector<Node*> nodes;
   if (node_ == nullptr || !dom::selectAll(node_, xpath, nodes)) return false;

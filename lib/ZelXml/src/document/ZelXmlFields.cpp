@@ -12,10 +12,10 @@ namespace {
 // Hands the text of a field to `read`; false for an absent field.
 template <class Read>
 bool readField(const IXMLDOMNode& element, std::string_view field, Read&& read) {
-  IXMLDOMNode node;
-  if (!element.selectSingleNode(field, node)) return false;
   std::string buffer;
-  read(node.textView(buffer));
+  std::string_view text;
+  if (!element.selectText(field, buffer, text)) return false;
+  read(text);
   return true;
 }
 
