@@ -34,6 +34,7 @@ struct Exception {
 const Exception exceptions[] = {
     {"node/", "wrapper/ZelXmlWrapper.h", "a node asks its wrapper for documents, other nodes and finders"},
     {"node/", "wrapper/ZelXmlNodeFactory.h", "creating a child or a label makes a node of any type"},
+    {"merge/", "wrapper/ZelXmlWrapper.h", "a merge takes objects in by the steps of its wrapper's updates"},
 };
 
 // Headers of the outside, by how their names begin, and the one folder in which each may stand.

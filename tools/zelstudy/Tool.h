@@ -34,6 +34,7 @@ void addTreeCommand(CLI::App& app, Tool& tool);
 void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
+void addImportCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
 void addPrototypesCommand(CLI::App& app, Tool& tool);
 inline constexpr AddCommand commands[] = {
@@ -42,6 +43,7 @@ inline constexpr AddCommand commands[] = {
     addShowCommand,        //
     addEditCommand,        //
     addUpdateCommand,      //
+    addImportCommand,      //
     addCheckCommand,       //
     addPrototypesCommand,  //
 };
