@@ -2,6 +2,7 @@
 #include <iostream>
 #include <memory>
 
+#include "api/ApiPmSessionManager.h"
 #include "merge/ZelXmlUpdateFromExternalDocument.h"
 #include "zelstudy/Intake.h"
 #include "zelstudy/Progress.h"
@@ -66,6 +67,12 @@ int run(const Tool& tool, const ImportArguments& arguments) {
   StudySession study;
   IXMLDOMDocument external;
   if (!openIntake(arguments.files, "external document", tool.session, study, external)) return exitFailure;
+  IXMLDOMNode externalStudy;
+  if (ApiPmSessionManager::the().rootNodeId.empty() &&
+      external.selectSingleNode("Data/Objects/*[NodeInfo/family='Study']", externalStudy)) {
+    say("the session has no root node id: shortcuts that are taken over will name no study; "
+        "--session rootNodeId=ID gives it");
+  }
   const ApiPmAddToStudyFromFileData settings(arguments.parts, arguments.resources);
   Import import(external, settings, study.wrapper(), arguments.type());
   const std::size_t firstMessage = study.messages().size();
