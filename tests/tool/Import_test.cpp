@@ -30,8 +30,7 @@ TEST_F(ImportCommandTest, TakesPartsAndSavesTheStudy) {
     "handledRoots": ["A"], "removed": ["B"],
     "related": {"prototypes": ["P"], "representations": ["RP"], "files": ["FP"], "layouts": ["LA", "LX"]},
     "messages": [], "roots": ["S", "C", "A"], "parents": {"X": "A"}})"));
-  EXPECT_EQ(run({"tree", folder.path("new.xml"), "--root", "A", "--json"}).json()[0]["children"][0]["id"],
-            "X");
+  EXPECT_NE(folder.read("new.xml").find("<name>Sill</name>"), std::string::npos);
   EXPECT_EQ(folder.read("small.xml"), smallStudy);
 }
 
@@ -43,9 +42,7 @@ TEST_F(ImportCommandTest, SavesNothingUnlessAskedTo) {
   EXPECT_NE(dry.err.find("Infrastructure: X (Product:NULL) CREATING ("), std::string::npos) << dry.err;
   const Outcome loose = run({"import", file, other, "--selected", "--session", "rootNodeId="});
   EXPECT_EQ(loose.exitCode, 0);
-  EXPECT_NE(loose.err.find("no root node id"), std::string::npos);
-  EXPECT_NE(loose.err.find("the study is not saved"), std::string::npos);
-
+  EXPECT_LT(loose.err.find("no root node id"), loose.err.find("the study is not saved")) << loose.err;
   // A stopped run tells why, and saves nothing.
   const std::string changed =
       folder.write("changed.xml", replaced(replaced(otherStudy, "<PmCompoundResource", "<PmToolInstance"),
@@ -58,23 +55,16 @@ TEST_F(ImportCommandTest, SavesNothingUnlessAskedTo) {
 }
 
 TEST_F(ImportCommandTest, RefusesWrongUsage) {
-  const struct {
-    std::vector<std::string> arguments;
-    std::string says;
-  } cases[] = {
-      {{file, other}, "say what to take"},
-      {{file, other, "--all", "--parts"}, "--all excludes --parts"},
-      {{file, other, "--all", "--dry-run", "--in-place"}, "excludes"},
-      {{file, other, "--all", "-o", other}, "would overwrite"},
-      {{file, folder.write("none.xml", "<Data/>"), "--all"}, "no external document: it has no Data/Objects"},
-      {{file, folder.path("missing.xml"), "--all"}, "missing.xml"},
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"import", file, other}, "say what to take"},
+      {{"import", file, other, "--all", "--parts"}, "--all excludes --parts"},
+      {{"import", file, other, "--all", "-o", other}, "would overwrite"},
+      {{"import", file, folder.write("none.xml", "<Data/>"), "--all"}, "no external document"},
   };
-  for (const auto& each : cases) {
-    std::vector<std::string> arguments = each.arguments;
-    arguments.insert(arguments.begin(), "import");
+  for (const auto& [arguments, says] : cases) {
     const Outcome refused = run(arguments);
-    EXPECT_EQ(refused.exitCode, 2) << each.says;
-    EXPECT_NE(refused.err.find(each.says), std::string::npos) << refused.err;
+    EXPECT_EQ(refused.exitCode, 2) << says;
+    EXPECT_NE(refused.err.find(says), std::string::npos) << refused.err;
   }
   EXPECT_EQ(folder.read("other.xml"), otherStudy);
 }

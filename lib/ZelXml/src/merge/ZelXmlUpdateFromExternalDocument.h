@@ -52,9 +52,10 @@ class ZelXmlUpdateFromExternalDocument {
   // The whole run. Prepares the files of the study and the external document, walks it twice, removes the
   // children that updated objects have lost and that were not taken over themselves, gathers the roots anew
   // and fills handledRoots. False for the first step that fails:
-  //   - nothing has been taken over yet when the files cannot be had, the study lists of the external
-  //     document are out of step (items before that place have moved), or, for an import of parts and
-  //     resources, either side holds an equipment ("ZEL_EXISTING_EQIPMENT_WILL_NOT_BE_MODIFIED");
+  //   - nothing has been taken over yet when the files cannot be had, or the study lists of either document
+  //     are out of step; list items before that place have moved;
+  //   - nor when, for an import of parts and resources, either side holds an equipment
+  //     ("ZEL_EXISTING_EQIPMENT_WILL_NOT_BE_MODIFIED"); all list items have moved;
   //   - the walk ends at an object whose class is another than its node's, handled or not
   //     ("ZELXML_ATTEMPT_TO_CHANGE_OBJECT_TYPE"), at a shortcut without `parent`, and at a node that cannot
   //     follow; roots and handledRoots stay as they were, and nothing is removed;
