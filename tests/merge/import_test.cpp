@@ -160,7 +160,8 @@ TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
         layout("LA", "A", "NULL", items({"LX", "LY", "LZ", "LV"}), 0, 0) +
         layout("LB", "B", "NULL", "", 0, 0) + layout("LX", "X", "LA", "", 0, 0) +
         layout("LY", "Y", "LA", "", 0, 0) + layout("LZ", "Z", "LA", "", 0, 0) +
-        layout("LV", "V", "LA", "", 0, 0) + made("PmShortcut", "K", "Shortcut", "<parent>old</parent>"));
+        layout("LV", "V", "LA", "", 0, 0) + made("PmShortcut", "K", "Shortcut", "<parent>old</parent>") +
+        made("PmToolboxUsage", "U", "PmToolboxUsage", "<name>old</name>"));
   publish();
   const ZelNode* a = node("A");
   // X is gone, Y has moved to B, C is new below B, Z has no parent any more. V names A, but is taken before A
@@ -168,9 +169,10 @@ TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
   give(part("B", "", item("Y")) + part("Z", "", "-") + part("V", item("A"), "-") + part("A", "", "") +
            part("Y", item("B"), "-") + part("C", item("B"), "-") + layout("LC", "C", "LB", "", 7, 7) +
            layout("LB", "B", "NULL", "", 5, 5) + made("PmShortcut", "K", "Shortcut", "<parent>new</parent>") +
+           made("PmToolboxUsage", "U", "PmToolboxUsage", "<name>new</name>") +
            "<PmPartInstance><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>",
        0);
-  EXPECT_EQ(run(), "B Z V A Y C LC LB K - X");
+  EXPECT_EQ(run(), "B Z V A Y C LC LB K U - X");
   EXPECT_EQ(joined(import->removedChildren()), "X Y V");
   EXPECT_EQ(node("A"), a);
   EXPECT_FALSE(exists("X"));
@@ -178,6 +180,7 @@ TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
   EXPECT_EQ(list("LA", "children"), "LX LY LV") << "only what becomes a root leaves the layout";
   EXPECT_EQ(parentOf("Y") + parentOf("C") + parentOf("Z") + parentOf("V"), "BB--");
   EXPECT_EQ(x("LB", "NodeInfo/absoluteLocation/x"), 5) << "layouts are replaced";
+  EXPECT_EQ(at(element("U"), "name").text(), "new") << "so are toolbox usages";
   EXPECT_EQ(at(element("K"), "parent").text(), "old") << "other objects without node stay as they are";
   EXPECT_EQ(roots(), (std::vector<std::string>{"A", "B", "V", "Z"}));
   EXPECT_EQ(handledRoots(), "B Z V A");
