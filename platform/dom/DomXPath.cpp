@@ -185,9 +185,10 @@ bool lookUp(Node* context, std::string_view xpath, bool all, std::vector<Node*>&
 }  // namespace
 
 Node* selectFirst(Node* context, std::string_view xpath) {
-  std::vector<Node*> looked;
-  if (xpath.starts_with('/') && lookUp(context, xpath, false, looked))
-    return looked.empty() ? nullptr : looked.front();
+  if (xpath.starts_with('/')) {
+    std::vector<Node*> looked;
+    if (lookUp(context, xpath, false, looked)) return looked.empty() ? nullptr : looked.front();
+  }
   const Path* const path = cache().get(xpath);
   if (path == nullptr) return nullptr;
   if (path->plain) return firstPlain(context, *path, 0);

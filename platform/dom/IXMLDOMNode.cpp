@@ -205,6 +205,16 @@ unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->l
 
 std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? dom::stampOf(node_) : 0; }
 
+IXMLDOMName::IXMLDOMName(std::string_view text) : id_(dom::internName(text)) {}
+
+bool IXMLDOMNode::childText(const IXMLDOMName& name, std::string& buffer, std::string_view& text) const {
+  const Node* child = node_ != nullptr ? dom::firstElement(node_) : nullptr;
+  while (child != nullptr && child->name != name.id_) child = dom::nextElement(child);
+  if (child == nullptr) return false;
+  text = dom::textOf(child, buffer);
+  return true;
+}
+
 bool IXMLDOMNode::findChild(std::string_view name, std::string_view text, IXMLDOMNode& found,
                             long& index) const {
   const dom::NameId id = dom::findName(name);

@@ -110,7 +110,14 @@ bool zelXmlSetGlobalId(const IXMLDOMNode& element, const ApiGlobalUniqueId& id) 
   return id.isNull() || element.setAttribute("GUID", id.getAsString());
 }
 
-bool zelXmlGetName(const IXMLDOMNode& element, std::string& text) { return getText(element, "name", text); }
+bool zelXmlGetName(const IXMLDOMNode& element, std::string& text) {
+  static const IXMLDOMName name("name");
+  std::string buffer;
+  std::string_view found;
+  if (!element.childText(name, buffer, found)) return false;
+  text = found;
+  return true;
+}
 
 bool zelXmlGetComment(const IXMLDOMNode& element, std::string& text) {
   return getText(element, "comment", text);
