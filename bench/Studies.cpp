@@ -50,6 +50,8 @@ const std::string& studyFile(long objects) {
   file = scratch.path() + "/" + std::to_string(objects) + ".xml";
   zelgen::StudyOptions options;
   options.objects = static_cast<std::uint32_t>(objects);
+  // Two levels more for ten times the objects: lists of children are of one length at every size.
+  for (long size = 1000; size * 10 <= objects; size *= 10) options.depth += 2;
   std::ofstream stream(file, std::ios::binary);
   if (!zelgen::generateStudy(options, [&stream](std::string_view chunk) {
         return static_cast<bool>(stream.write(chunk.data(), static_cast<std::streamsize>(chunk.size())));

@@ -102,6 +102,8 @@ class IXMLDOMNode {
   //
   // First match in document order; false when there is none.
   bool selectSingleNode(std::string_view xpath, IXMLDOMNode& found) const;
+  // Whether a path selects anything.
+  bool selects(std::string_view xpath) const;
   // Text of the first match, as textView gives it.
   bool selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const;
   // Replaces `found` by all matches in document order, as they stand at the call; true also for none.

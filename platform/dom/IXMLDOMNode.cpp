@@ -136,6 +136,10 @@ bool IXMLDOMNode::selectSingleNode(std::string_view xpath, IXMLDOMNode& found) c
   return true;
 }
 
+bool IXMLDOMNode::selects(std::string_view xpath) const {
+  return node_ != nullptr && dom::selectFirst(node_, xpath) != nullptr;
+}
+
 bool IXMLDOMNode::selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const {
   const Node* const node = node_ != nullptr ? dom::selectFirst(node_, xpath) : nullptr;
   if (node == nullptr) return false;

@@ -86,12 +86,15 @@ class IdMap {
   // goes, its ids are freed in its order, and those made next for another come to stand at these addresses.
   // In the same order they would all go to one end of a growing table, and heap up there.
   std::size_t home(const Key& key) const noexcept {
-    std::uint64_t number;
     if constexpr (std::is_same_v<Key, ApiPmId>) {
-      number = reinterpret_cast<std::uintptr_t>(key.identity());
+      return scattered(reinterpret_cast<std::uintptr_t>(key.identity()));
     } else {
-      number = std::hash<Key>{}(key);
+      // Numbers come one after the other: sixteen of them stand side by side.
+      const std::uint64_t number = std::hash<Key>{}(key);
+      return (scattered(number >> 4) + (number & 15)) & mask();
     }
+  }
+  std::size_t scattered(std::uint64_t number) const noexcept {
     number = (number ^ order_) * 0x9e3779b97f4a7c15ULL;
     number = (number ^ number >> 32) * 0xff51afd7ed558ccdULL;
     return static_cast<std::size_t>(number >> shift_);

@@ -117,10 +117,10 @@ bool zelXmlGetPrototypeElement(const IXMLDOMDocument& document, const IXMLDOMNod
 bool zelXmlIsRelevantParent(const IXMLDOMDocument& study, const IXMLDOMDocument& update,
                             const IXMLDOMNode& parent, const ApiPmId& child) {
   constexpr std::string_view assembly = "PmDvProcessAssembly";
-  IXMLDOMNode family, element;
+  IXMLDOMNode element;
   std::string buffer;
-  if (!parent.selectSingleNode("NodeInfo/family", family) || family.textView(buffer) != "Product")
-    return true;
+  std::string_view family;
+  if (!parent.selectText("NodeInfo/family", buffer, family) || family != "Product") return true;
   // What is not found counts as no assembly.
   const bool isAssembly =
       zelXmlFindInDocuments(child, study, update, element) && element.nodeName() == assembly;

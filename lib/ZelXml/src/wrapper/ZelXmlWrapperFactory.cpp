@@ -33,10 +33,7 @@ constexpr FamilyOfOneClass familiesOfOneClass[] = {
     {"PmMaterialFlow", ZEL_MATERIAL_FLOW},
 };
 
-bool has(const IXMLDOMNode& element, std::string_view child) {
-  IXMLDOMNode found;
-  return zelXmlSelectChild(element, child, found);
-}
+bool has(const IXMLDOMNode& element, std::string_view child) { return element.selects(child); }
 
 // Nodes of these types enter their children with the relevant parent finder before they are made.
 bool entersItsChildren(ZelNodeType type) {
@@ -83,10 +80,11 @@ bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element) {
   ApiPmId id;
   if (!zelXmlGetExternalId(element, id)) return false;
   ApiPmSessionManager::the().cacheNode(DOMDocument(), id, element);
-  IXMLDOMNode field;
-  long number = 0;
-  if (zelXmlSelectChild(element, "NodeInfo/Id", field) && zelXmlGetLongText(field, number)) {
-    ApiVorToolsIdConverter::the().insertIdPair(ApiPmInternalId(static_cast<std::int32_t>(number)), id);
+  std::string buffer;
+  std::string_view number;
+  if (element.selectText("NodeInfo/Id", buffer, number)) {
+    const auto value = static_cast<std::int32_t>(zelXmlParseLong(number));
+    ApiVorToolsIdConverter::the().insertIdPair(ApiPmInternalId(value), id);
   }
   return true;
 }
