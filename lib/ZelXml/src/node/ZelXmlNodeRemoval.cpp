@@ -42,6 +42,9 @@ bool ZelXmlNode::removeSharing() {
   ApiPmId own;
   ApiPmId relevant;
   ApiPmIdList parents;
+  IXMLDOMNode second;
+  if (!element_) return false;
+  if (!zelXmlFindItemAt(element_, "parents", 1, second)) return true;  // as nearly always
   if (!zelXmlGetParentItemIds(element_, parents)) return false;
   if (parents.entries() < 2 || !getExternalId(own) || !getParentId(relevant)) return true;
 
