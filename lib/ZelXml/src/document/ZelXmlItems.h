@@ -4,7 +4,7 @@
 
 #include "dom/IXMLDOMElement.h"
 
-// For the document layer alone: the walk over list fields.
+// The walk over list fields, for those who need no snapshot.
 
 // Calls `visit(item)` for each `item` child of the lists named `list` below the element, in document order,
 // until it answers false. No snapshot is taken: `visit` must not change the list. False for a null element.

@@ -5,6 +5,7 @@
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
+#include "document/ZelXmlItems.h"
 
 // Life, the turn of the session to the wrapped document, and the order of an update.
 
@@ -124,16 +125,13 @@ bool ZelXmlUpdateXmlWrapper::getDoesDocumentContainAnyParentReferencedInNode(con
                                                                              const IXMLDOMNode& element,
                                                                              bool& found) {
   found = false;
-  IXMLDOMNodeList parents;
-  if (!zelXmlSelectChildren(element, "parents/item", parents)) return false;
-  for (const IXMLDOMNode& item : parents) {
-    std::string parent;
+  // A parent is mostly met at once, and a shared object may name many: the list is not copied.
+  return zelXmlVisitItems(element, "parents", [&](const IXMLDOMElement& item) {
+    std::string buffer;
     IXMLDOMNode ignored;
-    if (!zelXmlGetText(item, parent)) return false;
-    found = zelXmlFindNodeById(document, parent, ignored);
-    if (found) break;
-  }
-  return true;
+    found = zelXmlFindNodeById(document, item.textView(buffer), ignored);
+    return !found;
+  });
 }
 
 bool ZelXmlUpdateXmlWrapper::internalUpdateWrappedDocument(const ApiPmId& rootId,
