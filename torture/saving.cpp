@@ -1,0 +1,5 @@
+#include "Torture.h"
+
+namespace torture {
+std::vector<Figure> savingFigures() { return {}; }
+}  // namespace torture
