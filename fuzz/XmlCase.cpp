@@ -163,7 +163,8 @@ std::string contentOf(const xmlDoc* document) {
 
 bool isPromisedRefusal(const std::string& reason) {
   const char* const promised[] = {"document type declaration", "levels of elements",
-                                  "text after the document element", "last character is incomplete"};
+                                  "text after the document element", "last character is incomplete",
+                                  "input conversion failed"};
   return std::any_of(std::begin(promised), std::end(promised),
                      [&](const char* each) { return reason.find(each) != std::string::npos; });
 }

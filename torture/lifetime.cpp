@@ -12,7 +12,7 @@ namespace {
 Result beside(const Run& run) {
   constexpr int steps = 400;
   Result result;
-  for (std::uint64_t seed = run.seed; result.count < run.of(100'000, 10'000); ++seed) {
+  for (std::uint64_t seed = run.seed; result.count < run.of(500'000, 20'000); ++seed) {
     begin(seed);
     domtest::RandomSession session(static_cast<std::mt19937::result_type>(seed), run.planted);
     result.count += steps;
