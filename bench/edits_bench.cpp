@@ -1,4 +1,5 @@
-// Edits of single objects with publication, at random places of the study.
+// Edits of single objects with publication. A user works on one area at a time: as many objects, at random
+// places of the study, are edited at every size, and have been looked at before.
 
 #include <algorithm>
 #include <cstdlib>
@@ -7,13 +8,19 @@
 #include "Bench.h"
 #include "Studies.h"
 #include "zel/ZelCollection.h"
+#include "zel/ZelPhysical.h"
 
 namespace {
 
 using namespace bench;
 
-// Nodes of one type, in a random order.
-std::vector<ZelNode*> nodesOf(Study& study, std::initializer_list<ZelNodeType> types) {
+// As many objects are edited at every size.
+constexpr std::size_t edits = 200;
+constexpr int rounds = 20;
+
+// So many nodes of these types, in a random order.
+std::vector<ZelNode*> nodesOf(Study& study, std::initializer_list<ZelNodeType> types,
+                              std::size_t most = edits) {
   ZelNodeList all;
   study.wrapper().getAllNodes(all);
   std::vector<ZelNode*> found;
@@ -21,11 +28,9 @@ std::vector<ZelNode*> nodesOf(Study& study, std::initializer_list<ZelNodeType> t
     if (std::count(types.begin(), types.end(), node->type())) found.push_back(node);
   }
   std::shuffle(found.begin(), found.end(), std::mt19937(2));
+  if (found.size() > most) found.resize(most);
   return found;
 }
-
-// As many edits as are measured at every size.
-constexpr std::size_t edits = 500;
 
 // The first edit of an object publishes it whole; these are the ones that follow.
 void rename(benchmark::State& state, long objects) {
@@ -35,10 +40,12 @@ void rename(benchmark::State& state, long objects) {
   for (ZelNode* node : parts) node->setName("first");
   long round = 0;
   for (auto _ : state) {
-    const std::string name = "name " + std::to_string(++round);
     const Watch watch;
-    for (ZelNode* node : parts) node->setName(name);
-    spend(state, watch.seconds());
+    for (int i = 0; i < rounds; ++i) {
+      const std::string name = "name " + std::to_string(++round);
+      for (ZelNode* node : parts) node->setName(name);
+    }
+    spend(state, watch.seconds() / rounds);
   }
   count(state, parts.size());
 }
@@ -56,18 +63,21 @@ void renameByHand(benchmark::State& state, long objects) {
     published.emplace(id, section.append_copy(object.element));
   }
   std::shuffle(parts.begin(), parts.end(), std::mt19937(2));
+  if (parts.size() > edits) parts.resize(edits);
   long round = 0;
   for (auto _ : state) {
-    const std::string name = "name " + std::to_string(++round);
     const Watch watch;
-    for (pugi::xml_node element : parts) {
-      const pugi::xml_node field = element.child("name");
-      field.text().set(name.c_str());
-      pugi::xml_node copy = published.find(element.attribute("ExternalId").value())->second;
-      copy.remove_child("name");
-      copy.append_copy(field);
+    for (int i = 0; i < rounds; ++i) {
+      const std::string name = "name " + std::to_string(++round);
+      for (pugi::xml_node element : parts) {
+        const pugi::xml_node field = element.child("name");
+        field.text().set(name.c_str());
+        pugi::xml_node copy = published.find(element.attribute("ExternalId").value())->second;
+        copy.remove_child("name");
+        copy.append_copy(field);
+      }
     }
-    spend(state, watch.seconds());
+    spend(state, watch.seconds() / rounds);
   }
   count(state, parts.size());
 }
@@ -76,51 +86,62 @@ void move(benchmark::State& state, long objects) {
   Study study(studyFile(objects));
   study.publish();
   const std::vector<ZelNode*> parts = nodesOf(study, {ZEL_PART_INSTANCE});
-  const std::vector<ZelNode*> compounds = nodesOf(study, {ZEL_COMPOUND_PART});
+  const std::vector<ZelNode*> compounds = nodesOf(study, {ZEL_COMPOUND_PART}, 20);
   std::size_t to = 0;
+  const auto moveAll = [&] {
+    for (ZelNode* part : parts) {
+      zelQuery<ZelCollection>(compounds[++to % compounds.size()])->moveChild(part);
+    }
+  };
+  moveAll();
   for (auto _ : state) {
     const Watch watch;
-    for (std::size_t i = 0; i < edits; ++i) {
-      zelQuery<ZelCollection>(compounds[++to % compounds.size()])->moveChild(parts[i % parts.size()]);
-    }
+    moveAll();
     spend(state, watch.seconds());
   }
-  count(state, edits);
+  count(state, parts.size());
 }
 
-void remove(benchmark::State& state, long objects) {
+// Deletes the objects, once their names and places have been read.
+void remove(benchmark::State& state, Study& study, const std::vector<ZelNode*>& nodes) {
+  std::vector<ApiPmId> ids(nodes.size());
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    std::string name;
+    RTTran3D place;
+    nodes[i]->getExternalId(ids[i]);
+    nodes[i]->getName(name);
+    if (const auto* physical = zelQuery<ZelPhysical>(nodes[i])) physical->getLocation(place);
+  }
+  if (ids.empty()) std::exit(2);
+  const Watch watch;
+  for (ApiPmId& id : ids) study.wrapper().deleteNode(id);
+  spend(state, watch.seconds());
+  count(state, ids.size());
+}
+
+void removeAny(benchmark::State& state, long objects) {
   for (auto _ : state) {
     Study study(studyFile(objects));
     study.publish();
-    std::vector<ApiPmId> ids;
-    for (const ZelNode* node : nodesOf(study, {ZEL_PART_INSTANCE, ZEL_RESOURCE_INSTANCE})) {
-      ApiPmId id;
-      if (node->getExternalId(id) && ids.size() < edits) ids.push_back(id);
-    }
-    const Watch watch;
-    for (ApiPmId& id : ids) study.wrapper().deleteNode(id);
-    spend(state, watch.seconds());
-    count(state, ids.size());
+    remove(state, study, nodesOf(study, {ZEL_PART_INSTANCE, ZEL_RESOURCE_INSTANCE}));
   }
 }
 
-// Deletion of objects that stand in the study by a shortcut of their own.
+// Objects that stand in the study by a shortcut of their own.
 void removeShown(benchmark::State& state, long objects) {
   for (auto _ : state) {
     Study study(studyFile(objects));
     study.publish();
-    std::vector<ApiPmId> ids;
     ApiPmIdList roots;
     study.wrapper().getRoots(roots);
+    std::vector<ZelNode*> shown;
     for (const ApiPmId& id : roots) {
       ApiPmId shortcut;
-      if (study.wrapper().findShortcut(id, shortcut) && ids.size() < edits) ids.push_back(id);
+      if (shown.size() < edits && study.wrapper().findShortcut(id, shortcut)) {
+        shown.push_back(study.wrapper().getZelNodeFromId(id));
+      }
     }
-    if (ids.empty()) std::exit(2);
-    const Watch watch;
-    for (ApiPmId& id : ids) study.wrapper().deleteNode(id);
-    spend(state, watch.seconds());
-    count(state, ids.size());
+    remove(state, study, shown);
   }
 }
 
@@ -158,7 +179,7 @@ void empty(benchmark::State& state, long objects) {
 }
 
 const int added = add({"setName, published", {{OURS, rename}, {PUGIXML, renameByHand}}, "pugixml", 2}) +
-                  add({"move a child", {{OURS, move}}}) + add({"delete a node", {{OURS, remove}}}) +
+                  add({"move a child", {{OURS, move}}}) + add({"delete a node", {{OURS, removeAny}}}) +
                   add({"delete a shown node", {{OURS, removeShown}}}) +
                   add({"add children", {{OURS, fill}}}) + add({"remove children", {{OURS, empty}}});
 

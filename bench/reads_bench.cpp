@@ -1,4 +1,5 @@
-// Reads of single objects, in random order over the whole study.
+// Reads of single objects, in random order over the whole study. Where that does not fit the caches, a read
+// waits for memory, whoever does it: what counts is the ratio to the peer, and growth is only told.
 
 #include <algorithm>
 
@@ -92,8 +93,8 @@ void locationByHand(benchmark::State& state, long objects) {
   });
 }
 
-const int added = add({"getZelNodeFromId", {{OURS, find}, {PUGIXML, findByHand}}, "pugixml", 1.5}) +
-                  add({"getName", {{OURS, name}, {PUGIXML, nameByHand}}, "pugixml", 1.5}) +
-                  add({"getLocation", {{OURS, location}, {PUGIXML, locationByHand}}, "pugixml", 1.5});
+const int added = add({"getZelNodeFromId", {{OURS, find}, {PUGIXML, findByHand}}, "pugixml", 1.5, false}) +
+                  add({"getName", {{OURS, name}, {PUGIXML, nameByHand}}, "pugixml", 1.5, false}) +
+                  add({"getLocation", {{OURS, location}, {PUGIXML, locationByHand}}, "pugixml", 1.5, false});
 
 }  // namespace

@@ -4,7 +4,10 @@
 
 #include "Bench.h"
 #include "Studies.h"
+#include "api/ApiPmSessionManager.h"
+#include "merge/ZelXmlUpdateFromExternalDocument.h"
 #include "zelstudy/StudyCheck.h"
+#include "zelstudy/StudyDiff.h"
 
 namespace {
 
@@ -53,6 +56,23 @@ void addAll(benchmark::State& state, long objects) {
   count(state, static_cast<std::size_t>(objects));
 }
 
+// An import of every object of a document with the same objects.
+void importAll(benchmark::State& state, long objects) {
+  for (auto _ : state) {
+    Study study(studyFile(objects));
+    const IXMLDOMDocument external = read(studyFile(objects));
+    ApiPmSessionManager::the().rootNodeId = study.wrapper().studyId();
+    const ApiPmAddToStudyFromFileData settings(false, false);
+    const Watch watch;
+    ZelXmlUpdateFromExternalDocument import(external, settings, study.wrapper(),
+                                            ApiPmAddToStudyFromFileData::importAll);
+    if (!import.execute()) std::exit(2);
+    spend(state, watch.seconds());
+    ApiPmSessionManager::the().rootNodeId.clear();
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
 void unshare(benchmark::State& state, long objects) {
   for (auto _ : state) {
     Study study(studyFile(objects));
@@ -87,10 +107,26 @@ void check(benchmark::State& state, long objects) {
   count(state, static_cast<std::size_t>(objects));
 }
 
+// Of a study and one in which every hundredth object has another name.
+void compare(benchmark::State& state, long objects) {
+  const IXMLDOMDocument before = read(studyFile(objects));
+  const IXMLDOMDocument after = read(studyFile(objects));
+  IXMLDOMNodeList names;
+  after.selectNodes("Data/Objects/*/name", names);
+  for (long i = 0; i < names.length(); i += 100) names.item(i).putText("another");
+  for (auto _ : state) {
+    const Watch watch;
+    if (zelstudy::diffStudies(before, after).equal()) std::exit(2);
+    spend(state, watch.seconds());
+  }
+  count(state, static_cast<std::size_t>(objects));
+}
+
 const int added = add({"full update", {{OURS, replaceAll}}, "open", 3}) +
                   add({"incremental update", {{OURS, addAll}}, "open", 3}) +
+                  add({"import", {{OURS, importAll}}, "open", 4}) +
                   add({"removeSharing", {{OURS, unshare}}, "open", 1}) +
                   add({"refreshRoots", {{OURS, refresh}}, "open", 1}) +
-                  add({"check", {{OURS, check}}, "open", 1});
+                  add({"check", {{OURS, check}}, "open", 1}) + add({"diff", {{OURS, compare}}, "open", 1});
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "dom/IXMLDOMName.h"
+
 class IXMLDOMDocument;
 class IXMLDOMElement;
 class IXMLDOMNodeList;
@@ -100,9 +102,13 @@ class IXMLDOMNode {
   //
   // First match in document order; false when there is none.
   bool selectSingleNode(std::string_view xpath, IXMLDOMNode& found) const;
+  // Text of the first match, as textView gives it.
+  bool selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const;
   // Replaces `found` by all matches in document order, as they stand at the call; true also for none.
   bool selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const;
 
+  // Text of the first child element of this name, as selectText.
+  bool childText(const IXMLDOMName& name, std::string& buffer, std::string_view& text) const;
   // First child element of this name with exactly this text, and its place among the children of this name,
   // counted from 0; and the child at a place. False, with nothing changed, without one. In a long list they
   // answer from what is kept of it, which goes on through appends and removals.

@@ -27,7 +27,8 @@ struct RWGrowth {
 // listings walk the buckets in ascending index and each list from its head. A look-up takes constant time
 // also in a dictionary whose bucket count never grows. The two go together like this:
 //
-// 1. Entries stand in one sequence, a doubly linked list, in order of insertion.
+// 1. Entries stand in one sequence in order of insertion. An entry that goes leaves its place empty, and the
+//    places close up when more are empty than not.
 // 2. A listing is the sequence sorted by bucket (hash modulo bucketCount), stable.
 // 3. Growing puts the sequence into listing order first, so rule 2 goes on to give what re-inserting the old
 //    buckets one after the other would give.
@@ -45,8 +46,7 @@ class RWClassicTValHashDictionary {
     friend class RWClassicTValHashDictionary;
     Entry(const K& k, V v, std::size_t h) : key(k), value(std::move(v)), hash(h) {}
     std::size_t hash;
-    Entry* previous = nullptr;
-    Entry* next = nullptr;
+    std::size_t place = 0;
     Entry* chain = nullptr;
   };
 
@@ -89,7 +89,8 @@ class RWClassicTValHashDictionary {
     }
     if (count_ >= table_.size()) resizeTable();
     auto* entry = new Entry(key, std::move(value), Hash{}(key));
-    linkAtTail(entry);
+    entry->place = sequence_.size();
+    sequence_.push_back(entry);
     Entry*& slot = table_[slotOf(entry->hash)];
     entry->chain = slot;
     slot = entry;
@@ -109,16 +110,15 @@ class RWClassicTValHashDictionary {
     Entry** link = &table_[slotOf(entry->hash)];
     while (*link != entry) link = &(*link)->chain;
     *link = entry->chain;
-    (entry->previous ? entry->previous->next : head_) = entry->next;
-    (entry->next ? entry->next->previous : tail_) = entry->previous;
+    sequence_[entry->place] = nullptr;
     delete entry;
-    --count_;
+    if (--count_ * 2 < sequence_.size()) closeUp();
   }
 
   // Empties the dictionary; the bucket count stays.
   void clear() {
-    for (Entry* entry = head_; entry;) delete std::exchange(entry, entry->next);
-    head_ = tail_ = nullptr;
+    for (const Entry* entry : sequence_) delete entry;
+    sequence_.clear();
     count_ = 0;
     table_.clear();
   }
@@ -126,11 +126,14 @@ class RWClassicTValHashDictionary {
   // All entries in listing order.
   std::vector<Entry*> listing() const {
     std::vector<std::size_t> start(bucketCount_ + 1, 0);
-    for (const Entry* entry = head_; entry; entry = entry->next) ++start[entry->hash % bucketCount_ + 1];
+    for (const Entry* entry : sequence_) {
+      if (entry) ++start[entry->hash % bucketCount_ + 1];
+    }
     for (std::size_t i = 1; i <= bucketCount_; ++i) start[i] += start[i - 1];
     std::vector<Entry*> listed(count_);
-    for (Entry* entry = head_; entry; entry = entry->next)
-      listed[start[entry->hash % bucketCount_]++] = entry;
+    for (Entry* entry : sequence_) {
+      if (entry) listed[start[entry->hash % bucketCount_]++] = entry;
+    }
     return listed;
   }
 
@@ -140,23 +143,21 @@ class RWClassicTValHashDictionary {
   std::size_t slotOf(std::size_t hash) const noexcept {
     return static_cast<std::size_t>((std::uint64_t{hash} * 0x9e3779b97f4a7c15ULL) >> shift_);
   }
-  void linkAtTail(Entry* entry) noexcept {
-    entry->previous = tail_;
-    entry->next = nullptr;
-    (tail_ ? tail_->next : head_) = entry;
-    tail_ = entry;
+  void closeUp() {
+    std::erase(sequence_, nullptr);
+    for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
   }
   void growIfDue() {
     if (count_ <= growth_.limit * bucketCount_) return;
-    const std::vector<Entry*> ordered = listing();
-    head_ = tail_ = nullptr;
-    for (Entry* entry : ordered) linkAtTail(entry);
+    sequence_ = listing();
+    for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
     bucketCount_ = growth_.factor * count_;
   }
   void resizeTable() {
     shift_ = table_.empty() ? 64 - 6 : shift_ - 1;
     table_.assign(table_.empty() ? 64 : table_.size() * 2, nullptr);
-    for (Entry* entry = head_; entry; entry = entry->next) {
+    for (Entry* entry : sequence_) {
+      if (!entry) continue;
       Entry*& slot = table_[slotOf(entry->hash)];
       entry->chain = slot;
       slot = entry;
@@ -164,15 +165,16 @@ class RWClassicTValHashDictionary {
   }
   void copyEntries(const RWClassicTValHashDictionary& other) {
     const RWGrowth growth = std::exchange(growth_, RWGrowth::never());
-    for (const Entry* entry = other.head_; entry; entry = entry->next) insert(entry->key, entry->value);
+    for (const Entry* entry : other.sequence_) {
+      if (entry) insert(entry->key, entry->value);
+    }
     growth_ = growth;
   }
 
   RWGrowth growth_;
   std::size_t bucketCount_;
   std::size_t count_ = 0;
-  Entry* head_ = nullptr;
-  Entry* tail_ = nullptr;
+  std::vector<Entry*> sequence_;
   std::vector<Entry*> table_;  // empty, or 2 to the power of 64 - shift_
   unsigned shift_ = 0;
 };

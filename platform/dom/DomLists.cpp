@@ -12,6 +12,8 @@ namespace {
 
 // As many children are looked at one by one before a list is made.
 constexpr long shortWalk = 32;
+// Of all lists together: some 30 bytes for each. A single list may be longer.
+constexpr std::size_t mostChildren = 1'000'000;
 
 Node* firstNamed(const Node* parent, NameId name) noexcept {
   Node* child = firstElement(parent);
@@ -36,6 +38,7 @@ class Lists::List {
     for (Node* child = firstNamed(parent, name); child != nullptr; child = nextNamed(child, name)) add(child);
   }
 
+  std::size_t children() const noexcept { return slots_.size(); }
   bool counts(const Node* parent) const noexcept { return parent_ == parent && stamp_ == parent->stamp; }
   bool counts(const Node* parent, NameId name) const noexcept { return counts(parent) && name_ == name; }
 
@@ -139,12 +142,12 @@ Lists::Lists() = default;
 Lists::~Lists() = default;
 
 Lists::List& Lists::list(Node* parent, NameId name) {
-  auto at = std::find_if(lists_.begin(), lists_.end(),
-                         [&](const auto& known) { return known == nullptr || known->counts(parent, name); });
-  if (at == lists_.end()) --at;
-  if (*at == nullptr || !(*at)->counts(parent, name)) *at = std::make_unique<List>(parent, name);
-  std::rotate(lists_.begin(), at, at + 1);
-  return *lists_.front();
+  const auto known = lists_.find(parent);
+  if (known != lists_.end() && known->second->counts(parent, name)) return *known->second;
+  auto made = std::make_unique<List>(parent, name);
+  children_ += made->children();
+  if (children_ > mostChildren) clear();
+  return *(lists_[parent] = std::move(made));
 }
 
 Node* Lists::find(Node* parent, NameId name, std::string_view text, long& index) {
@@ -168,11 +171,9 @@ Node* Lists::at(Node* parent, NameId name, long index) {
 }
 
 Lists::List* Lists::listOf(const Node* parent) noexcept {
-  for (const auto& known : lists_) {
-    if (known == nullptr) return nullptr;
-    if (known->counts(parent)) return known.get();
-  }
-  return nullptr;
+  if (lists_.empty()) return nullptr;
+  const auto known = lists_.find(parent);
+  return known != lists_.end() && known->second->counts(parent) ? known->second.get() : nullptr;
 }
 
 void Lists::appended(List* list, Node* child) {
@@ -184,7 +185,8 @@ void Lists::removed(List* list, const Node* child) {
 }
 
 void Lists::clear() noexcept {
-  for (auto& known : lists_) known.reset();
+  lists_.clear();
+  children_ = 0;
 }
 
 // Never destroyed, like the names: documents may outlive what is destroyed at the end of the process.

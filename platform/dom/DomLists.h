@@ -1,17 +1,17 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "DomNode.h"
 
 namespace dom {
 
-// Where the children of long lists stand: of the parents that were asked last, the children of one name by
-// text and by place. What a short walk finds is not kept.
+// Where the children of long lists stand: of each parent that was asked, the children of one name by text and
+// by place. What a short walk finds is not kept, and all is forgotten when it grows too large.
 //
 // A list counts while its parent has the stamp that it had then. Stamps are never given twice, so a list can
 // be out of date but never wrong, also when another node comes to stand at the same address. The tree tells
@@ -41,7 +41,8 @@ class Lists {
  private:
   List& list(Node* parent, NameId name);
 
-  std::array<std::unique_ptr<List>, 16> lists_;  // the last asked first, null behind the last
+  std::unordered_map<const Node*, std::unique_ptr<List>> lists_;
+  std::size_t children_ = 0;  // in all lists as they were made
 };
 
 // Of the process, like the names.

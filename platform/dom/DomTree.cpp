@@ -165,18 +165,6 @@ DocumentNode* homeOf(Node* node) noexcept {
   return root->type == NODE_DOCUMENT ? asDocument(root) : nullptr;
 }
 
-Node* firstElement(const Node* parent) noexcept {
-  Node* child = parent->takesChildren() ? parent->first() : nullptr;
-  while (child != nullptr && !child->isElement()) child = child->next;
-  return child;
-}
-
-Node* nextElement(const Node* element) noexcept {
-  Node* next = nextOf(element);
-  while (next != nullptr && !next->isElement()) next = next->next;
-  return next;
-}
-
 Node* findAttribute(const Node* element, std::string_view name) noexcept {
   Node* attribute = firstAttribute(element);
   while (attribute != nullptr && nameOf(attribute->name) != name) attribute = attribute->next;
@@ -255,8 +243,7 @@ std::string textOf(const Node* node) {
   return text.data() == buffer.data() ? std::move(buffer) : std::string(text);
 }
 
-std::string_view textOf(const Node* node, std::string& buffer) {
-  if (!node->takesChildren() || node->length != 0) return node->ownText();
+std::string_view joinedText(const Node* node, std::string& buffer) {
   const Node* const first = node->first();
   if (first == nullptr) return {};
   if (first->isText() && first->next == nullptr) return first->ownText();

@@ -31,8 +31,16 @@ inline Node* nextOf(const Node* node) noexcept { return node->parent != nullptr 
 inline Node* previousOf(const Node* node) noexcept {
   return node->parent != nullptr && node->prev->next == node ? node->prev : nullptr;
 }
-Node* firstElement(const Node* parent) noexcept;
-Node* nextElement(const Node* element) noexcept;
+inline Node* firstElement(const Node* parent) noexcept {
+  Node* child = parent->takesChildren() ? parent->first() : nullptr;
+  while (child != nullptr && !child->isElement()) child = child->next;
+  return child;
+}
+inline Node* nextElement(const Node* element) noexcept {
+  Node* next = nextOf(element);
+  while (next != nullptr && !next->isElement()) next = next->next;
+  return next;
+}
 Node* findAttribute(const Node* element, std::string_view name) noexcept;
 Node* findAttribute(const Node* element, NameId name) noexcept;
 // The node behind `node` in document order within the tree of `top`, null at the end. Attributes are no part
@@ -47,7 +55,10 @@ bool before(const Node* a, const Node* b) noexcept;
 
 std::string textOf(const Node* node);
 // The text in one piece, taken together in `buffer` where it is in several.
-std::string_view textOf(const Node* node, std::string& buffer);
+std::string_view joinedText(const Node* node, std::string& buffer);
+inline std::string_view textOf(const Node* node, std::string& buffer) {
+  return !node->takesChildren() || node->length != 0 ? node->ownText() : joinedText(node, buffer);
+}
 bool textEquals(const Node* node, std::string_view text) noexcept;
 
 // Unguarded setters for new nodes: no index, no stamp.

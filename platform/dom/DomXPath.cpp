@@ -1,5 +1,6 @@
 #include "DomXPath.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -12,6 +13,25 @@
 namespace dom {
 
 namespace {
+
+bool isPlain(const Path& path) {
+  if (path.absolute) return false;
+  return std::all_of(path.steps.begin(), path.steps.end(), [](const Step& step) {
+    return !step.descendant && step.name != anyName && step.terms.empty();
+  });
+}
+
+// The first match of a plain path from its step `i` on: nearly all reads of fields are one of these.
+Node* firstPlain(const Node* parent, const Path& path, std::size_t i) {
+  const NameId name = path.steps[i].name;
+  for (Node* child = firstElement(parent); child != nullptr; child = nextElement(child)) {
+    ++work.nodesVisited;
+    if (child->name != name) continue;
+    if (i + 1 == path.steps.size()) return child;
+    if (Node* const found = firstPlain(child, path, i + 1)) return found;
+  }
+  return nullptr;
+}
 
 // Paths compiled once. The callers' texts are mostly literals of the program, found again by address and
 // length and then compared; the others by their content. The cache is dropped when it is full.
@@ -34,6 +54,7 @@ class Cache {
     auto entry = std::make_unique<Entry>();
     entry->text = xpath;
     entry->good = parsePath(xpath, entry->path);
+    entry->path.plain = isPlain(entry->path);
     near = {xpath.data(), entry.get()};
     entries_.emplace(entry->text, std::move(entry));
     return near.path();
@@ -164,10 +185,13 @@ bool lookUp(Node* context, std::string_view xpath, bool all, std::vector<Node*>&
 }  // namespace
 
 Node* selectFirst(Node* context, std::string_view xpath) {
-  std::vector<Node*> looked;
-  if (lookUp(context, xpath, false, looked)) return looked.empty() ? nullptr : looked.front();
+  if (xpath.starts_with('/')) {
+    std::vector<Node*> looked;
+    if (lookUp(context, xpath, false, looked)) return looked.empty() ? nullptr : looked.front();
+  }
   const Path* const path = cache().get(xpath);
   if (path == nullptr) return nullptr;
+  if (path->plain) return firstPlain(context, *path, 0);
   Node* found = nullptr;
   select(context, *path, [&found](Node* node) {
     found = node;

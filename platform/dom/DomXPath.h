@@ -24,6 +24,7 @@ struct Step {
 
 struct Path {
   bool absolute = false;
+  bool plain = false;  // names of children alone, "a/b/c"
   std::vector<Step> steps;
 };
 

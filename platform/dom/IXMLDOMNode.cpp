@@ -136,6 +136,13 @@ bool IXMLDOMNode::selectSingleNode(std::string_view xpath, IXMLDOMNode& found) c
   return true;
 }
 
+bool IXMLDOMNode::selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const {
+  const Node* const node = node_ != nullptr ? dom::selectFirst(node_, xpath) : nullptr;
+  if (node == nullptr) return false;
+  text = dom::textOf(node, buffer);
+  return true;
+}
+
 bool IXMLDOMNode::selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const {
   std::vector<Node*> nodes;
   if (node_ == nullptr || !dom::selectAll(node_, xpath, nodes)) return false;
@@ -197,6 +204,16 @@ std::string IXMLDOMNode::xml() const { return node_ != nullptr ? dom::xmlOf(node
 unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->line() : 0; }
 
 std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? dom::stampOf(node_) : 0; }
+
+IXMLDOMName::IXMLDOMName(std::string_view text) : id_(dom::internName(text)) {}
+
+bool IXMLDOMNode::childText(const IXMLDOMName& name, std::string& buffer, std::string_view& text) const {
+  const Node* child = node_ != nullptr ? dom::firstElement(node_) : nullptr;
+  while (child != nullptr && child->name != name.id_) child = dom::nextElement(child);
+  if (child == nullptr) return false;
+  text = dom::textOf(child, buffer);
+  return true;
+}
 
 bool IXMLDOMNode::findChild(std::string_view name, std::string_view text, IXMLDOMNode& found,
                             long& index) const {

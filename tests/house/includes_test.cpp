@@ -36,6 +36,7 @@ const Exception exceptions[] = {
     {"node/", "wrapper/ZelXmlWrapper.h", "a node asks its wrapper for documents, other nodes and finders"},
     {"node/", "wrapper/ZelXmlNodeFactory.h", "creating a child or a label makes a node of any type"},
     {"merge/ZelXmlUpdateXmlWrapper.h", "wrapper/ZelXmlWrapper.h", "it is a wrapper, of another document"},
+    {"merge/", "wrapper/ZelXmlWrapper.h", "a merge takes objects in by the steps of its wrapper's updates"},
 };
 
 // Headers of the outside, by how their names begin, and the one folder in which each may stand.

@@ -10,7 +10,8 @@ namespace zelstudy {
 
 namespace {
 
-bool readStudy(const std::string& fileName, IXMLDOMDocument& document, std::string& error) {
+bool readStudy(const std::string& fileName, std::string_view kind, IXMLDOMDocument& document,
+               std::string& error) {
   const Progress progress("opening " + fileName);
   document = IXMLDOMDocument::create();
   DomError reason;
@@ -18,7 +19,7 @@ bool readStudy(const std::string& fileName, IXMLDOMDocument& document, std::stri
   if (!document.load(fileName, &reason))
     error = reason.message();
   else if (!document.selectSingleNode("Data/Objects", section))
-    error = fileName + ": no study: the document has no Objects under a root Data";
+    error = (fileName + ": no ").append(kind) + ": the document has no Objects under a root Data";
   return error.empty();
 }
 
@@ -39,7 +40,7 @@ bool StudySession::open(const std::string& fileName, const SessionSettings& sett
   fileName_ = fileName;
   error.clear();
   IXMLDOMDocument document;
-  if (!readStudy(fileName, document, error)) return false;
+  if (!readStudy(fileName, "study", document, error)) return false;
 
   const Progress progress("building " + fileName);
   ApiPmSessionManager& session = ApiPmSessionManager::the();
@@ -105,9 +106,9 @@ bool StudySession::save(const std::string& fileName, std::string& error) const {
   return false;
 }
 
-bool loadStudy(const std::string& fileName, IXMLDOMDocument& document) {
+bool loadStudy(const std::string& fileName, IXMLDOMDocument& document, std::string_view kind) {
   std::string error;
-  if (readStudy(fileName, document, error)) return true;
+  if (readStudy(fileName, kind, document, error)) return true;
   say(error);
   return false;
 }

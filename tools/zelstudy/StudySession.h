@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "api/ApiErrStream.h"
@@ -56,9 +57,9 @@ class StudySession {
   ApiErrStream::Sink formerSink_;
 };
 
-// Reads the document of a study, without a session. False, with a message for people, for a file that cannot
-// be read and a document without Data/Objects.
-bool loadStudy(const std::string& fileName, IXMLDOMDocument& document);
+// Reads the document of a study, or of another `kind` that holds objects, without a session. False, with a
+// message for people, for a file that cannot be read and a document without Data/Objects.
+bool loadStudy(const std::string& fileName, IXMLDOMDocument& document, std::string_view kind = "study");
 
 // Opens a study for a command, with messages for people: why it could not be opened, and how many messages
 // came up. False: the command ends with exitFailure.

@@ -35,6 +35,7 @@ void addShowCommand(CLI::App& app, Tool& tool);
 void addEditCommand(CLI::App& app, Tool& tool);
 void addUpdateCommand(CLI::App& app, Tool& tool);
 void addUpdateFileCommand(CLI::App& app, Tool& tool);
+void addImportCommand(CLI::App& app, Tool& tool);
 void addCheckCommand(CLI::App& app, Tool& tool);
 void addDiffCommand(CLI::App& app, Tool& tool);
 void addPrototypesCommand(CLI::App& app, Tool& tool);
@@ -45,6 +46,7 @@ inline constexpr AddCommand commands[] = {
     addEditCommand,        //
     addUpdateCommand,      //
     addUpdateFileCommand,  //
+    addImportCommand,      //
     addCheckCommand,       //
     addDiffCommand,        //
     addPrototypesCommand,  //

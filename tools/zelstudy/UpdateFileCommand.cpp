@@ -9,7 +9,6 @@
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
-#include "zelstudy/UpdateDocument.h"
 
 namespace zelstudy {
 
@@ -47,8 +46,8 @@ int run(const Tool& tool, const UpdateFileArguments& arguments) {
   StudySession study;
   const std::string option = arguments.newFile.empty() ? "TARGET" : "-o";
   if (!spares(option, arguments.savedFile(), arguments.study) ||
-      !spares(option, arguments.savedFile(), arguments.update) || !loadUpdate(arguments.update, update) ||
-      !openStudy(study, arguments.study, tool.session)) {
+      !spares(option, arguments.savedFile(), arguments.update) ||
+      !loadStudy(arguments.update, update, "update") || !openStudy(study, arguments.study, tool.session)) {
     return exitFailure;
   }
   const std::size_t firstMessage = study.messages().size();

@@ -12,10 +12,10 @@ namespace {
 // Hands the text of a field to `read`; false for an absent field.
 template <class Read>
 bool readField(const IXMLDOMNode& element, std::string_view field, Read&& read) {
-  IXMLDOMNode node;
-  if (!element.selectSingleNode(field, node)) return false;
   std::string buffer;
-  read(node.textView(buffer));
+  std::string_view text;
+  if (!element.selectText(field, buffer, text)) return false;
+  read(text);
   return true;
 }
 
@@ -110,7 +110,14 @@ bool zelXmlSetGlobalId(const IXMLDOMNode& element, const ApiGlobalUniqueId& id) 
   return id.isNull() || element.setAttribute("GUID", id.getAsString());
 }
 
-bool zelXmlGetName(const IXMLDOMNode& element, std::string& text) { return getText(element, "name", text); }
+bool zelXmlGetName(const IXMLDOMNode& element, std::string& text) {
+  static const IXMLDOMName name("name");
+  std::string buffer;
+  std::string_view found;
+  if (!element.childText(name, buffer, found)) return false;
+  text = found;
+  return true;
+}
 
 bool zelXmlGetComment(const IXMLDOMNode& element, std::string& text) {
   return getText(element, "comment", text);

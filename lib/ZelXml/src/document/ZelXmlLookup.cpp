@@ -39,10 +39,9 @@ bool findNode(const IXMLDOMDocument& document, std::string_view id, IXMLDOMNode&
 
 bool resolve(const IXMLDOMDocument& document, const IXMLDOMNode& element, std::string_view field,
              IXMLDOMNode& referenced, bool quiet) {
-  IXMLDOMNode node;
   std::string buffer;
-  return element.selectSingleNode(field, node) &&
-         findNode(document, node.textView(buffer), referenced, quiet);
+  std::string_view id;
+  return element.selectText(field, buffer, id) && findNode(document, id, referenced, quiet);
 }
 
 }  // namespace

@@ -29,8 +29,11 @@ bool putNumber(const IXMLDOMNode& node, double value) {
 }
 
 bool getNumber(const IXMLDOMNode& group, std::string_view name, double& value) {
-  IXMLDOMNode node;
-  return group.selectSingleNode(name, node) && zelXmlGetDoubleText(node, value);
+  std::string buffer;
+  std::string_view text;
+  if (!group.selectText(name, buffer, text)) return false;
+  value = zelXmlParseDouble(text);
+  return true;
 }
 
 bool putNumberOf(const IXMLDOMNode& group, std::string_view name, double value) {

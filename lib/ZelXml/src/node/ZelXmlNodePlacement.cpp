@@ -75,11 +75,11 @@ bool ZelXmlNode::setAsChildOf(const ApiPmId& parent, const ApiPmId& parentLayout
       !zelXmlGetAbsoluteLocation(layout, absolute)) {
     return false;
   }
-  // The relative placement that keeps the absolute one, then a move back to the old relative placement: this
-  // carries the absolute placement, and everything below, to where the new parent has it.
-  const RTTran3D kept = parentAbsolute.inverse() * absolute;
-  return zelXmlSetLayoutTransform(layout, kept) &&
-         zelXmlMoveLayout(document(), layout, kept.inverse() * relative);
+  // Where the object stands does not count: it goes to its old relative placement, with everything below. To
+  // put it in relation to the new parent first, and then move it, would come to the same but for rounding,
+  // which is the greater the further it has to go.
+  return zelXmlSetLayoutTransform(layout, relative) &&
+         zelXmlPropagateAbsoluteLocation(document(), layout, parentAbsolute * relative);
 }
 
 bool ZelXmlNode::setAsChildOfElement(const IXMLDOMNode& parent) {

@@ -22,9 +22,6 @@ class ZelXmlLocalPrototypeNode final
   bool getName(RWClassicWString& name) const override { return copy(name_, name); }
   bool getCaption(RWClassicWString& caption) const override { return copy(name_, caption); }
   bool setName(const RWClassicWString& name) override { return copy(name, name_); }
-  const ZelNode* getParent() const override { return nullptr; }
-  ZelNode* getParent() override { return nullptr; }
-  bool getParentId(ApiPmId&) const override { return false; }
   bool getStringType(RWClassicWString& type) const override { return copy(className_, type); }
   bool getDescription(RWClassicWString& description) const override { return copy({}, description); }
   bool setDescription(const RWClassicWString&) override { return false; }

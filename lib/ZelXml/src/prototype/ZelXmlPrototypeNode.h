@@ -15,6 +15,10 @@ class ZelXmlPrototypeNode : public ZelXmlNode {
   virtual bool getPrototypePath(RWClassicWString& path) const;
   virtual bool setPrototypePath(const RWClassicWString& path);
 
+  // Callers are told of no parent, also where a list of children names the prototype.
+  static ZelNode* getParent() { return nullptr; }
+  static bool getParentId(ApiPmId&) { return false; }
+
   // The `.jt` file in the directory of the prototype; empty in every case but a file that was found.
   bool getJtFile(RWClassicWString& file) const;
   bool getModificationTime(std::int64_t& time) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <unordered_set>
 
 #include "api/ApiPmXmlCachedDocument.h"
 #include "dom/IXMLDOMDocument.h"
@@ -212,6 +213,9 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool createOutDocumentNode(const IXMLDOMDocument& document, std::string_view command, IXMLDOMNode& node);
 
  private:
+  // An import takes objects in by the same steps as an update.
+  friend class ZelXmlUpdateFromExternalDocument;
+
   // What one full update remembers of the objects that it met.
   struct UpdateRun;
   void updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& run);
@@ -220,10 +224,15 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool updateExistingXmlNodeAsNew(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
                                   std::string_view family);
   bool appendNewXmlNode(const IXMLDOMNode& element, std::string_view family);
-  bool accumulateMissingChildren(const IXMLDOMNode& replacement, const IXMLDOMNode& old, UpdateRun& run);
+  // Appends the children that `old` has and `replacement` has not.
+  bool accumulateMissingChildren(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
+                                 RWClassicTValOrderedVector<_bstr_t>& missing);
   bool addNewChildToExistingParent(const IXMLDOMNode& element);
   bool addNewChildToExistingParentIncremental(const IXMLDOMNode& element);
-  bool removeMissingNodes(const UpdateRun& run, ApiPmIdList& deleted);
+  // Removes those of the missing children that were not seen elsewhere, in order, up to the first that is not
+  // in the study: false then. `deleted` gets the ids of the nodes that went.
+  bool removeMissingNodes(const RWClassicTValOrderedVector<_bstr_t>& missing,
+                          const std::unordered_set<ApiPmId>& seen, ApiPmIdList& deleted);
   bool transferReference(std::string_view field, const IXMLDOMNode& from, const IXMLDOMNode& to);
 
   void clear();

@@ -1,19 +1,18 @@
 #include <string>
 #include <unordered_set>
-#include <vector>
 
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
+#include "merge/ZelXmlKnownList.h"
 #include "node/ZelXmlNode.h"
 #include "wrapper/ZelXmlWrapper.h"
 
 // New data of the data store, folded into a built study. The update document is only read.
 
 struct ZelXmlWrapper::UpdateRun {
-  std::vector<std::string> missing;  // children that an old element had and its new version has not
-  std::vector<std::string> seen;     // ids of the update document, in its order
-  std::unordered_set<std::string> seenIds;
+  RWClassicTValOrderedVector<_bstr_t> missing;  // children that an element had and its new version has not
+  ZelXmlKnownList<ApiPmId> seen;                // ids of the update document, in its order
 };
 
 namespace {
@@ -41,23 +40,21 @@ bool ZelXmlWrapper::update(ApiPmIdList& deleted, ApiPmIdList& updated, bool down
   }
   UpdateRun run;
   for (const IXMLDOMNode& family : families) updateXmlNode(family, run);
-  result = removeMissingNodes(run, deleted);
+  result = removeMissingNodes(run.missing, run.seen.members(), deleted);
   refreshRoots();
-  for (const std::string& id : run.seen) updated.append(ApiPmId(id));
+  for (const ApiPmId& id : run.seen.list()) updated.append(id);
   return result;
 }
 
 void ZelXmlWrapper::updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& run) {
   const IXMLDOMNode replacement = objectOf(familyElement);
   if (!replacement) return;
-  std::string idText;
-  zelXmlGetExternalId(replacement, idText);
-  run.seen.push_back(idText);
-  run.seenIds.insert(idText);
-  if (idText.empty()) return;  // no id: nothing could ever find the object
+  ApiPmId id;
+  zelXmlGetExternalId(replacement, id);
+  run.seen.append(id);
+  if (id.isNull()) return;  // nothing could ever find the object
   std::string buffer;
   const std::string_view family = familyElement.textView(buffer);
-  const ApiPmId id(idText);
   if (!cachedDOMDocument().isNodeCached(id)) {
     if (appendNewXmlNode(replacement, family)) addNewChildToExistingParent(replacement);
     return;
@@ -67,7 +64,7 @@ void ZelXmlWrapper::updateXmlNode(const IXMLDOMNode& familyElement, UpdateRun& r
   ZelXmlNode* node = zelXmlNodeFromId(id);
   if (!node) {
     updateExistingXmlNodeAsNew(replacement, old, family);
-  } else if (accumulateMissingChildren(replacement, old, run)) {
+  } else if (accumulateMissingChildren(replacement, old, run.missing)) {
     node->updateElement(replacement);
   }
 }
@@ -98,7 +95,7 @@ bool ZelXmlWrapper::updateExistingXmlNode(const IXMLDOMNode& replacement, const 
 }
 
 bool ZelXmlWrapper::accumulateMissingChildren(const IXMLDOMNode& replacement, const IXMLDOMNode& old,
-                                              UpdateRun& run) {
+                                              RWClassicTValOrderedVector<_bstr_t>& missing) {
   IXMLDOMNodeList newItems;
   IXMLDOMNodeList oldItems;
   if (!zelXmlSelectChildren(replacement, "children/item", newItems) ||
@@ -109,7 +106,7 @@ bool ZelXmlWrapper::accumulateMissingChildren(const IXMLDOMNode& replacement, co
   for (const IXMLDOMNode& item : newItems) kept.insert(item.text());
   for (const IXMLDOMNode& item : oldItems) {
     std::string text = item.text();
-    if (!kept.count(text)) run.missing.push_back(std::move(text));
+    if (!kept.count(text)) missing.append(std::move(text));
   }
   return true;
 }
@@ -130,10 +127,11 @@ bool ZelXmlWrapper::addNewChildToExistingParent(const IXMLDOMNode& element) {
   return true;
 }
 
-bool ZelXmlWrapper::removeMissingNodes(const UpdateRun& run, ApiPmIdList& deleted) {
-  for (const std::string& text : run.missing) {
-    if (run.seenIds.count(text)) continue;  // it moved
+bool ZelXmlWrapper::removeMissingNodes(const RWClassicTValOrderedVector<_bstr_t>& missing,
+                                       const std::unordered_set<ApiPmId>& seen, ApiPmIdList& deleted) {
+  for (const _bstr_t& text : missing) {
     const ApiPmId id(text);
+    if (seen.count(id)) continue;  // it moved
     IXMLDOMElement element;
     if (!cachedDOMDocument().getNodeById(DOMDocument(), id, element, true) ||
         !zelXmlRemoveCachedElement(cachedDOMDocument(), element)) {
