@@ -110,7 +110,8 @@ void StudyModel::releaseOutlivedLinks(const std::string& lower, const std::strin
   }
   for (const std::string& id : links) {
     Layout& layout = layouts_.at(id);
-    if (const auto owner = objects_.find(id); owner != objects_.end() && has(owner->second.parents, layout.parent))
+    if (const auto owner = objects_.find(id);
+        owner != objects_.end() && has(owner->second.parents, layout.parent))
       continue;
     drop(layouts_.at(layout.parent).children, id);
     publishLayout(layout.parent);
@@ -182,7 +183,8 @@ bool StudyModel::remove(const std::string& id) {
     forgetNode(id);
     return true;
   }
-  if (const auto relevant = relevant_.find(id); relevant != relevant_.end() && has(order_, relevant->second)) {
+  if (const auto relevant = relevant_.find(id);
+      relevant != relevant_.end() && has(order_, relevant->second)) {
     drop(objects_.at(relevant->second).children, id);
     publish(relevant->second);
   }
@@ -235,7 +237,8 @@ bool StudyModel::place(const std::string& id, const Point& at) {
   Layout& layout = layouts_.at(id);
   const auto relevant = relevant_.find(id);
   const bool hasParent = relevant != relevant_.end() && has(order_, relevant->second);
-  const Point now = hasParent ? minus(layout.absolute, layouts_.at(relevant->second).absolute) : layout.absolute;
+  const Point now =
+      hasParent ? minus(layout.absolute, layouts_.at(relevant->second).absolute) : layout.absolute;
   const Point delta = minus(at, now);
   if (delta != Point{}) {
     layout.relative = plus(layout.relative, delta);
@@ -275,8 +278,9 @@ std::map<std::string, std::string> StudyModel::picture() const {
     const auto object = objects_.find(id);
     std::string& fact = facts["updated " + id];
     if (object == objects_.end()) continue;
-    fact = (object->second.isNamed ? object->second.name : "-") + " |" + joined(object->second.parents) + " |" +
-           (id == studyId ? "" : joined(object->second.children)) + " |" + joined(object->second.labels);
+    fact = (object->second.isNamed ? object->second.name : "-") + " |" + joined(object->second.parents) +
+           " |" + (id == studyId ? "" : joined(object->second.children)) + " |" +
+           joined(object->second.labels);
   }
   for (const std::string& id : deleted_) facts["deleted " + id];
   return facts;
@@ -301,7 +305,8 @@ std::map<std::string, std::string> StudyModel::reopened() const {
   }
   for (const auto& [id, layout] : layouts_) {
     // What is told of its place goes by the layout's own lists.
-    facts["layout of " + id] = joined(layout.relative) + " | " + joined(layout.absolute) + " | " + layout.parent;
+    facts["layout of " + id] =
+        joined(layout.relative) + " | " + joined(layout.absolute) + " | " + layout.parent;
   }
   for (const auto& [id, at] : shown_) facts["shown " + id] = joined(at);
   return facts;

@@ -12,9 +12,9 @@ namespace torture {
 namespace {
 
 std::string randomId(std::mt19937_64& random) {
-  static const std::vector<std::string> pieces = {"'",  "\"", "[",  "]",  "]]>", "<",  ">",    "&",   "&amp;", " ",
-                                                  "//", "*",  "@",  "=",  "(",   ")",  "..",   "/",   "NULL",  "\n",
-                                                  "\t", "\r", "a",  "B",  "7",   "#",  "item", " or ", "--",    "\\"};
+  static const std::vector<std::string> pieces = {
+      "'", "\"", "[", "]",    "]]>", "<",  ">",  "&", "&amp;", " ", "//", "*",    "@",    "=",  "(",
+      ")", "..", "/", "NULL", "\n",  "\t", "\r", "a", "B",     "7", "#",  "item", " or ", "--", "\\"};
   if (below(random, 50) == 0) return std::string(65536, static_cast<char>('a' + below(random, 26)));
   std::string id;
   for (std::size_t size = below(random, 7); size > 0; --size) {
@@ -66,7 +66,8 @@ Result found(const Run& run) {
     std::string saved;
     {
       fuzz::OpenStudy study(document);
-      auto* const top = zelQuery<ZelCollection>(study.wrapper().createRoot(ZEL_COMPOUND_PART, ApiPmId("top")));
+      auto* const top =
+          zelQuery<ZelCollection>(study.wrapper().createRoot(ZEL_COMPOUND_PART, ApiPmId("top")));
       for (int i = 0; i < 100; ++i, ++result.count) {
         const std::string id = i < 36 ? fuzz::wildTexts()[static_cast<std::size_t>(i)] : randomId(random);
         if (study.wrapper().getZelNodeFromId(ApiPmId(id)) != nullptr) continue;

@@ -1,7 +1,7 @@
 // zelxml_torture [--short] [--planted] [--seed=N] [--only=PROMISE] [--figure=TEXT] [--jobs=N]: runs every
-// harness, of one promise or with this text in its name, in a process of its own and prints a row for each. A failing row says the seed of the case: --seed with that one
-// makes it the first case. With --planted each harness is given a fault, and has failed when it does not see
-// it. Exits with 1 when a row failed.
+// harness, of one promise or with this text in its name, in a process of its own and prints a row for each. A
+// failing row says the seed of the case: --seed with that one makes it the first case. With --planted each
+// harness is given a fault, and has failed when it does not see it. Exits with 1 when a row failed.
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -124,8 +124,8 @@ int all(const Run& run, int only, std::string_view named, unsigned jobs) {
       if (asked && (!run.planted || *figure.plant != '\0')) figures.push_back(figure);
     }
   }
-  std::printf("%7s  %-58s %9s %12s %8s\n", "promise", run.planted ? "planted fault" : "figure", "count", "seed",
-              "seconds");
+  std::printf("%7s  %-58s %9s %12s %8s\n", "promise", run.planted ? "planted fault" : "figure", "count",
+              "seed", "seconds");
   std::map<pid_t, Child> running;
   bool good = !figures.empty();
   std::size_t next = 0;

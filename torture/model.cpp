@@ -80,7 +80,8 @@ class Names {
   }
   void learnLayoutOf(const IXMLDOMDocument& document, const std::string& id) {
     IXMLDOMElement object;
-    if (document.findByAttribute("ExternalId", id, object)) names_[field(object, "layout")] = "layout of " + id;
+    if (document.findByAttribute("ExternalId", id, object))
+      names_[field(object, "layout")] = "layout of " + id;
   }
   std::string of(const std::string& id) const {
     const auto found = names_.find(id);
@@ -153,8 +154,8 @@ class Seen {
       const std::string id = attribute(element);
       if (element.nodeName() == "PmLayout") {
         layout(element);
-      } else if (element.nodeName().substr(0, 10) != "PmShortcut" &&
-                 element.nodeName() != "PmStudyLayout" && element.nodeName() != "MarvekStudyInfo") {
+      } else if (element.nodeName().substr(0, 10) != "PmShortcut" && element.nodeName() != "PmStudyLayout" &&
+                 element.nodeName() != "MarvekStudyInfo") {
         standing_.insert(id);
         std::vector<std::string> children = items(element, "children");
         if (element == study)
@@ -348,7 +349,8 @@ class Session {
       case 9: {
         if (!object) return true;
         const auto length = [&](unsigned pick) { return static_cast<long>(pick % 2001) - 1000; };
-        const StudyModel::Point at{length(operation.pick[1]), length(operation.pick[2]), length(operation.what)};
+        const StudyModel::Point at{length(operation.pick[1]), length(operation.pick[2]),
+                                   length(operation.what)};
         note({"place", *object, std::to_string(at[0]), std::to_string(at[1]), std::to_string(at[2])});
         const RTTran3D place({double(at[0]), double(at[1]), double(at[2])}, {0, 0, 0});
         return zelQuery<ZelPhysical>(node(*object))->setLocation(place) == model_.place(*object, at);
@@ -423,8 +425,8 @@ Result besideModel(const Run& run) {
     const std::string wrong = Session(run.planted).run(operations, batch);
     result.count += operationsPerRun;
     if (!wrong.empty())
-      return {result.count, "seed " + std::to_string(seed) + ": " + wrong + "\n         shrunk: " +
-                                shrunk(operations, batch, run.planted)};
+      return {result.count, "seed " + std::to_string(seed) + ": " + wrong +
+                                "\n         shrunk: " + shrunk(operations, batch, run.planted)};
   }
   return result;
 }

@@ -1,4 +1,5 @@
-// Any file is opened, or refused with a reason: attacks, the example cut short at every byte, changed studies.
+// Any file is opened, or refused with a reason: attacks, the example cut short at every byte, changed
+// studies.
 
 #include <algorithm>
 #include <fstream>
@@ -123,7 +124,8 @@ Result cutShort(const Run& run) {
 
 Result changed(const Run& run) {
   std::vector<std::string> seeds{example()};
-  for (std::uint64_t seed = 1; seed < 4; ++seed) seeds.push_back(zelgen::generateStudy({.objects = 120, .seed = seed}));
+  for (std::uint64_t seed = 1; seed < 4; ++seed)
+    seeds.push_back(zelgen::generateStudy({.objects = 120, .seed = seed}));
   Result result;
   const std::size_t most = run.of(20'000, 600);
   for (std::uint64_t seed = run.seed; result.count < most; ++seed, ++result.count) {

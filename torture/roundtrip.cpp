@@ -22,7 +22,8 @@ Result besideLibxml2(const Run& run) {
 }  // namespace
 
 std::vector<Figure> roundTripFigures() {
-  return {{2, "texts read and written beside libxml2's tree", "the reader drops an attribute", besideLibxml2}};
+  return {
+      {2, "texts read and written beside libxml2's tree", "the reader drops an attribute", besideLibxml2}};
 }
 
 }  // namespace torture

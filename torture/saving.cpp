@@ -59,7 +59,8 @@ Result killed(const Run& run) {
     leftovers += folder.files() - 1;
     if (folder.files() > 2) return {result.count, "a save leaves what a killed one has left"};
   }
-  if (!one.save(target) || folder.files() != 1) return {result.count, "the last save leaves a temporary file"};
+  if (!one.save(target) || folder.files() != 1)
+    return {result.count, "the last save leaves a temporary file"};
   if (!run.planted && leftovers == 0) return {result.count, "no kill met a save: the test proves nothing"};
   return result;
 }
@@ -124,12 +125,13 @@ std::string inChild(const std::function<std::string()>& work) {
 }
 
 // One save that the system refuses half way: the old file is whole, the cause is named, nothing stays.
-std::string refused(const Scratch& folder, const std::string& name, const IXMLDOMDocument& document, int cause,
-                    bool planted) {
+std::string refused(const Scratch& folder, const std::string& name, const IXMLDOMDocument& document,
+                    int cause, bool planted) {
   const std::string former = folder.read(name);
   const std::size_t files = folder.files();
   DomError error;
-  const bool saved = planted ? saveInPlace(document, folder.path(name)) : document.save(folder.path(name), &error);
+  const bool saved =
+      planted ? saveInPlace(document, folder.path(name)) : document.save(folder.path(name), &error);
   if (saved) return "the save is not refused";
   if (folder.read(name) != former) return "the former file is not whole";
   if (folder.files() != files) return "a temporary file stays";
@@ -159,8 +161,7 @@ Result fullDisk(const Run& run) {
     if (!wrong.empty()) return {result.count, wrong};
   }
   const std::string wrong = inChild([&]() -> std::string {
-    if (::unshare(CLONE_NEWNS) != 0 ||
-        ::mount("none", folder.path().c_str(), "tmpfs", 0, "size=256k") != 0)
+    if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", folder.path().c_str(), "tmpfs", 0, "size=256k") != 0)
       return {};
     folder.write("study.xml", "<former/>");
     return refused(folder, "study.xml", document, ENOSPC, run.planted);
@@ -178,13 +179,15 @@ Result writeProtected(const Run& run) {
   const std::string folders = inChild([&]() -> std::string {
     ::chmod(folder.path().c_str(), run.planted ? 0777 : 0555);
     ::chmod(folder.path("study.xml").c_str(), 0666);
-    if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0) return "the rights of root cannot be dropped";
+    if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0)
+      return "the rights of root cannot be dropped";
     return refused(folder, "study.xml", document, EACCES, false);
   });
   if (!folders.empty()) return {1, "read-only folder: " + folders};
   ::chmod(folder.path().c_str(), 0777);
   const std::string files = inChild([&]() -> std::string {
-    if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0) return "the rights of root cannot be dropped";
+    if (::geteuid() == 0 && ::setresuid(65534, 65534, 65534) != 0)
+      return "the rights of root cannot be dropped";
     return refused(folder, "kept.xml", document, EACCES, false);
   });
   if (!files.empty()) return {2, "read-only file: " + files};
@@ -199,7 +202,8 @@ Result writeProtected(const Run& run) {
 
 std::vector<Figure> savingFigures() {
   return {{3, "kill -9 at random moments of saves", "the save writes in place", killed},
-          {3, "each system call of a save fails, for each cause", "temporary files are not removed", failingCalls},
+          {3, "each system call of a save fails, for each cause", "temporary files are not removed",
+           failingCalls},
           {3, "a full disk", "the save writes in place", fullDisk},
           {3, "read-only folder and file, no folder", "the folder is not read-only", writeProtected}};
 }
