@@ -47,8 +47,9 @@ class IXMLDOMDocument : public IXMLDOMNode {
   // Writes the document in UTF-8. To a file it is all or nothing: a temporary file beside the target is
   // written, flushed to disk and renamed onto it, with the permissions of the former file; a link is
   // followed. After a false result the former file is whole, no temporary file is left, and `error` names the
-  // cause. A document without an element is refused, since no one could read it, and so is a target that is
-  // no regular file or may not be written.
+  // cause. A process that is killed meanwhile may leave the temporary file ".save.*.tmp"; the next save of
+  // the same file removes it. A document without an element is refused, since no one could read it, and so is
+  // a target that is no regular file or may not be written.
   bool save(const std::string& fileName, DomError* error = nullptr) const;
   bool save(std::ostream& stream, DomError* error = nullptr) const;
 

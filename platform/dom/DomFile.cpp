@@ -1,6 +1,7 @@
 #include "DomFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <string_view>
 
 namespace dom {
 
@@ -20,6 +22,7 @@ FileCalls fileCalls = {
     ::close,
     ::rename,
     ::unlink,
+    [](int file) { return ::flock(file, LOCK_EX | LOCK_NB); },
 };
 
 namespace {
@@ -60,15 +63,50 @@ std::filesystem::path followed(std::filesystem::path path) {
   return path;
 }
 
+// A save that was killed leaves its temporary file behind. The name follows from the target's, so that the
+// next save of the same file meets it; its own name may be as long as the system allows, and is no part of
+// it.
+std::string temporaryName(const std::filesystem::path& target, int attempt) {
+  std::uint64_t hash = 0xCBF29CE484222325u;  // FNV-1a
+  for (const char c : target.filename().native())
+    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+  char suffix[40];
+  std::snprintf(suffix, sizeof suffix, ".save.%016llx.%d.tmp", static_cast<unsigned long long>(hash),
+                attempt);
+  return (target.parent_path() / suffix).string();
+}
+
+// A temporary file is locked by the process that writes it, as long as that lives: one that can be locked is
+// left over. True when the name is free now.
+bool removeLeftover(const std::string& name) {
+  const int file = ::open(name.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return errno == ENOENT;
+  struct stat held = {};
+  struct stat named = {};
+  // Whoever has made the file anew in the meantime holds another one under its name.
+  const bool removed = fileCalls.lock(file) == 0 && ::fstat(file, &held) == 0 &&
+                       ::lstat(name.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
+                       held.st_dev == named.st_dev && fileCalls.remove(name.c_str()) == 0;
+  ::close(file);
+  return removed;
+}
+
 int openTemporary(const std::filesystem::path& target, std::string& name) {
-  static unsigned count = 0;
   for (int attempt = 0; attempt < 100; ++attempt) {
-    const std::string suffix = std::to_string(::getpid()) + "." + std::to_string(++count) + ".tmp";
-    // The target's own name may be as long as the system allows: it is no part of this one.
-    name = (target.parent_path() / (".save." + suffix)).string();
-    const int file = fileCalls.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (file >= 0 || errno != EEXIST) return file;
+    name = temporaryName(target, attempt);
+    int file = -1;
+    do {
+      file = fileCalls.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (file < 0 && errno == EEXIST && removeLeftover(name));
+    if (file < 0 && errno != EEXIST) return file;
+    if (file < 0) continue;
+    // Another save may take it for a leftover until it is locked. Where there are no locks, none does.
+    struct stat own = {};
+    const bool taken = fileCalls.lock(file) != 0 && errno == EWOULDBLOCK;
+    if (!taken && ::fstat(file, &own) == 0 && own.st_nlink > 0) return file;
+    fileCalls.close(file);
   }
+  errno = EEXIST;
   return -1;
 }
 

@@ -19,6 +19,7 @@ struct FileCalls {
   int (*close)(int file);
   int (*rename)(const char* from, const char* to);
   int (*remove)(const char* path);
+  int (*lock)(int file);  // for this open file alone, without waiting
 };
 extern FileCalls fileCalls;
 
@@ -40,7 +41,7 @@ class FileSource : public ByteSource {
 
 // Writes the document into a temporary file beside the target, flushes it to the disk and renames it onto the
 // target, whose permissions it takes over. A link is followed. After a failure the target is what it was and
-// the temporary file is gone.
+// the temporary file is gone. One that a killed process has left beside the target is removed first.
 bool saveXml(const Node* document, const std::string& fileName, std::string& reason);
 
 }  // namespace dom

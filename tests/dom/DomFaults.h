@@ -12,12 +12,13 @@ struct Faults {
   static inline dom::FileCalls real = dom::fileCalls;
   static inline int calls = 0;
   static inline int failAt = -1;
+  static inline int error = ENOSPC;
   static inline std::string failed;
 
   static bool fails(const char* name) {
     if (calls++ != failAt) return false;
     failed = name;
-    errno = ENOSPC;
+    errno = error;
     return true;
   }
   static void set(int at) {
@@ -37,11 +38,12 @@ struct Faults {
         [](int file) {
           const bool fail = fails("close");
           const int result = real.close(file);
-          if (fail) errno = ENOSPC;
+          if (fail) errno = error;
           return fail ? -1 : result;
         },
         [](const char* from, const char* to) { return fails("rename") ? -1 : real.rename(from, to); },
         real.remove,
+        real.lock,
     };
   }
   static void clear() { dom::fileCalls = real; }

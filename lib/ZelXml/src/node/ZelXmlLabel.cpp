@@ -1,5 +1,7 @@
 #include "node/ZelXmlLabel.h"
 
+#include <unordered_set>
+
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlLocationText.h"
 #include "node/ZelXmlNewElements.h"
@@ -42,12 +44,23 @@ bool ZelXmlLabel::setLocation(const RTTran3D& location) {
 }
 
 bool ZelXmlLabel::getAbsoluteLocation(RTTran3D& location) const {
-  RTTran3D own;
-  ApiPmId assigned;
-  if (!getWrapper() || !getLocation(own) || !getAssignedObjId(assigned)) return false;
-  const auto* object = zelQuery<ZelPhysical>(getWrapper()->convertor().findNode(assigned));
-  RTTran3D absolute;
-  if (!object || !object->getAbsoluteLocation(absolute)) return false;
-  location = absolute * own.inverse();
-  return true;
+  if (!getWrapper()) return false;
+  // A label may be assigned to a label, and so on; a ring of them stands nowhere.
+  std::unordered_set<const ZelXmlLabel*> seen;
+  RTTran3D below = RTTran3D::unit;
+  for (const ZelXmlLabel* label = this;;) {
+    RTTran3D own;
+    ApiPmId assigned;
+    if (!seen.insert(label).second || !label->getLocation(own) || !label->getAssignedObjId(assigned))
+      return false;
+    below = own.inverse() * below;
+    const ZelNode* object = getWrapper()->convertor().findNode(assigned);
+    label = dynamic_cast<const ZelXmlLabel*>(zelXmlNodeOf(object));
+    if (label) continue;
+    const auto* placed = zelQuery<ZelPhysical>(object);
+    RTTran3D absolute;
+    if (!placed || !placed->getAbsoluteLocation(absolute)) return false;
+    location = absolute * below;
+    return true;
+  }
 }

@@ -10,7 +10,8 @@ namespace {
 bool addObject(const IXMLDOMDocument& document, const ZelXmlCreationRecord& record, IXMLDOMNode& element,
                RWClassicWString& family) {
   RWClassicWString className;
-  return !record.id.isNull() && zelXmlClassNameFromType(record, className) &&
+  // No reference could lead to the id "NULL", and no index has it.
+  return zelXmlIsReference(record.id.text()) && zelXmlClassNameFromType(record, className) &&
          zelXmlFamilyFromType({record.type, className, record.id}, family) &&
          zelXmlAddObjectElement(document, className, record.id.text(), element) &&
          zelXmlAddChildWithText(document, element, "name", {});

@@ -3,8 +3,9 @@
 #include "node/ZelXmlNode.h"
 
 // The recipes of new object elements. Class name and family are settled before anything is made: a class
-// without family, a null id and a class name that is no element name are refused with nothing left behind.
-// The element is the result; the recipes end with its publication unless they say otherwise.
+// without family, an id that no reference can name (empty, "NULL") and a class name that is no element name
+// are refused with nothing left behind. The element is the result; the recipes end with its publication
+// unless they say otherwise.
 
 // name, parents, children, layout, NodeInfo/family.
 bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
