@@ -52,6 +52,11 @@ class Watch {
   double start_ = now();
 };
 
+// Empties the caches of the processor, as other work of the program would. What is done once over a whole
+// study, or once to an object, begins so at every size: otherwise a small study would be measured out of the
+// cache and a large one out of memory.
+void cool();
+
 inline void spend(benchmark::State& state, double seconds) { state.SetIterationTime(seconds); }
 inline void count(benchmark::State& state, std::size_t things) {
   state.counters["things"] = static_cast<double>(things);

@@ -10,6 +10,7 @@
 #include <map>
 #include <random>
 
+#include "Bench.h"
 #include "StudyGenerator.h"
 #include "api/ApiPmSessionManager.h"
 #include "wrapper/zelXmlInit.h"
@@ -41,6 +42,12 @@ class Scratch {
 };
 
 }  // namespace
+
+void cool() {
+  static std::vector<char> other(std::size_t{256} << 20);
+  for (std::size_t i = 0; i < other.size(); i += 64) ++other[i];
+  benchmark::DoNotOptimize(other.data());
+}
 
 const std::string& studyFile(long objects) {
   static const Scratch scratch;

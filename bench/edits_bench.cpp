@@ -1,5 +1,5 @@
 // Edits of single objects with publication. A user works on one area at a time: as many objects, at random
-// places of the study, are edited at every size, and have been looked at before.
+// places of the study, are edited at every size.
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,7 +8,6 @@
 #include "Bench.h"
 #include "Studies.h"
 #include "zel/ZelCollection.h"
-#include "zel/ZelPhysical.h"
 
 namespace {
 
@@ -102,17 +101,11 @@ void move(benchmark::State& state, long objects) {
   count(state, parts.size());
 }
 
-// Deletes the objects, once their names and places have been read.
 void remove(benchmark::State& state, Study& study, const std::vector<ZelNode*>& nodes) {
   std::vector<ApiPmId> ids(nodes.size());
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    std::string name;
-    RTTran3D place;
-    nodes[i]->getExternalId(ids[i]);
-    nodes[i]->getName(name);
-    if (const auto* physical = zelQuery<ZelPhysical>(nodes[i])) physical->getLocation(place);
-  }
+  for (std::size_t i = 0; i < nodes.size(); ++i) nodes[i]->getExternalId(ids[i]);
   if (ids.empty()) std::exit(2);
+  cool();
   const Watch watch;
   for (ApiPmId& id : ids) study.wrapper().deleteNode(id);
   spend(state, watch.seconds());

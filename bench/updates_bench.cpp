@@ -26,6 +26,7 @@ void replaceAll(benchmark::State& state, long objects) {
     const IXMLDOMDocument update = read(studyFile(objects));
     ApiPmIdList deleted;
     ApiPmIdList updated;
+    cool();
     const Watch watch;
     study.wrapper().setUpdateDocument(update);
     if (!study.wrapper().update(deleted, updated, false)) std::exit(2);
@@ -48,6 +49,7 @@ void addAll(benchmark::State& state, long objects) {
     }
     study.wrapper().build(false);
     ApiPmIdList updated;
+    cool();
     const Watch watch;
     study.wrapper().setUpdateDocument(update);
     if (!study.wrapper().incrementalUpdate(updated, false)) std::exit(2);
@@ -63,6 +65,7 @@ void importAll(benchmark::State& state, long objects) {
     const IXMLDOMDocument external = read(studyFile(objects));
     ApiPmSessionManager::the().rootNodeId = study.wrapper().studyId();
     const ApiPmAddToStudyFromFileData settings(false, false);
+    cool();
     const Watch watch;
     ZelXmlUpdateFromExternalDocument import(external, settings, study.wrapper(),
                                             ApiPmAddToStudyFromFileData::importAll);
@@ -76,6 +79,7 @@ void importAll(benchmark::State& state, long objects) {
 void unshare(benchmark::State& state, long objects) {
   for (auto _ : state) {
     Study study(studyFile(objects));
+    cool();
     const Watch watch;
     study.wrapper().removeSharing();
     spend(state, watch.seconds());
@@ -90,6 +94,7 @@ void refresh(benchmark::State& state, long objects) {
   nothing.loadXML("<Data><Objects/></Data>");
   study.wrapper().setUpdateDocument(nothing);
   for (auto _ : state) {
+    cool();
     const Watch watch;
     study.wrapper().update(false);
     spend(state, watch.seconds());
@@ -100,6 +105,7 @@ void refresh(benchmark::State& state, long objects) {
 void check(benchmark::State& state, long objects) {
   const IXMLDOMDocument document = read(studyFile(objects));
   for (auto _ : state) {
+    cool();
     const Watch watch;
     benchmark::DoNotOptimize(zelstudy::checkStudy(document));
     spend(state, watch.seconds());
@@ -115,6 +121,7 @@ void compare(benchmark::State& state, long objects) {
   after.selectNodes("Data/Objects/*/name", names);
   for (long i = 0; i < names.length(); i += 100) names.item(i).putText("another");
   for (auto _ : state) {
+    cool();
     const Watch watch;
     if (zelstudy::diffStudies(before, after).equal()) std::exit(2);
     spend(state, watch.seconds());
