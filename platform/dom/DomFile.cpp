@@ -67,9 +67,9 @@ std::filesystem::path followed(std::filesystem::path path) {
 // next save of the same file meets it; its own name may be as long as the system allows, and is no part of
 // it.
 std::string temporaryName(const std::filesystem::path& target, int attempt) {
+  const std::string fileName = target.filename().string();
   std::uint64_t hash = 0xCBF29CE484222325u;  // FNV-1a
-  for (const char c : target.filename().native())
-    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
+  for (const char c : fileName) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3u;
   char suffix[40];
   std::snprintf(suffix, sizeof suffix, ".save.%016llx.%d.tmp", static_cast<unsigned long long>(hash),
                 attempt);

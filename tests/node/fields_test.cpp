@@ -14,6 +14,22 @@ namespace {
 
 class FieldsTest : public StudyTest {};
 
+TEST_F(FieldsTest, LabelsOnLabelsStandByTheObjectThatTheyLeadTo) {
+  build(part("A", "", "") + layout("LA", "A", "NULL", "", 10, 10));
+  auto* labelled = zelQuery<ZelVorLabelsContainer>(node("A"));
+  const auto put = [&](const char* id, double x, const char* on) {
+    return labelled->updateLabel(ApiPmId(id), {"n", RTTran3D({x, 0, 0}, {0, 0, 0}), "t", "a", ApiPmId(on)});
+  };
+  ASSERT_TRUE(labelled->addLabel(ApiPmId("K"), {}) && labelled->addLabel(ApiPmId("L"), {}));
+  ASSERT_TRUE(put("K", 1, "A") && put("L", 2, "K"));
+  RTTran3D place;
+  EXPECT_TRUE(physical("L")->getAbsoluteLocation(place));
+  EXPECT_EQ(place.getTranslation().x, 7);
+  ASSERT_TRUE(put("K", 1, "L"));
+  EXPECT_FALSE(physical("L")->getAbsoluteLocation(place)) << "they lead to each other";
+  EXPECT_FALSE(labelled->addLabel(ApiPmId("NULL"), {}));
+}
+
 TEST_F(FieldsTest, NamesAndTextsArePublishedByField) {
   build(part("A", "", "") +
         "<PmPartInstance ExternalId=\"N\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
