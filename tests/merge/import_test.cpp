@@ -200,6 +200,23 @@ TEST_F(ImportTest, ANewParentCountsForItsChildren) {
   EXPECT_EQ(handledRoots(), "N");
 }
 
+// An occurrence names no parents, but the equipment that holds it; and its prototype is known to the study.
+TEST_F(ImportTest, AnOccurrenceStaysInItsEquipment) {
+  const auto occurrence = [](const std::string& name) {
+    return made("PmEquipmentPrototypeOccurrence", "O", "Resource",
+                field("name", name) + field("prototype", "T") + field("parentPrototype", "E"));
+  };
+  build(made("PmEquipmentPrototype", "E", "EquipmentPrototype", field("children", items({"O"}))) +
+        made("PmToolPrototype", "T", "ToolPrototype") + occurrence("old"));
+  give(occurrence("new"), 0);
+  EXPECT_EQ(run(), "O");
+  EXPECT_EQ(at(element("O"), "name").text(), "new");
+  EXPECT_EQ(list("E", "children"), "O");
+  EXPECT_EQ(parentOf("O"), "E");
+  EXPECT_EQ(roots(), std::vector<std::string>());
+  EXPECT_EQ(joined(import->relatedPrototypeIds()), "T");
+}
+
 TEST_F(ImportTest, PrototypesKeepTheirPaths) {
   session().systemRoot = "\\\\server\\root";
   const std::string ours = prototype("P") + rep("P") + fileOf("P", "#\\old.cojt");
