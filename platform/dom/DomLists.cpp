@@ -190,7 +190,7 @@ void Lists::clear() noexcept {
 }
 
 // Never destroyed, like the names: documents may outlive what is destroyed at the end of the process.
-Lists& lists() noexcept {
+Lists& lists() {
   static Lists* const instance = new Lists;
   return *instance;
 }

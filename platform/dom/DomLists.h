@@ -46,6 +46,6 @@ class Lists {
 };
 
 // Of the process, like the names.
-Lists& lists() noexcept;
+Lists& lists();
 
 }  // namespace dom

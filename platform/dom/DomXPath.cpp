@@ -40,24 +40,10 @@ class Cache {
   const Path* get(std::string_view xpath) {
     const std::uint64_t key = reinterpret_cast<std::uintptr_t>(xpath.data()) + xpath.size();
     Short& near = shorts_[key * 0x9E3779B97F4A7C15u >> 57];
-    if (near.entry != nullptr && near.data == xpath.data() && near.entry->text == xpath) return near.path();
-    const auto known = entries_.find(xpath);
-    if (known != entries_.end()) {
-      near = {xpath.data(), known->second.get()};
-      return near.path();
+    if (near.entry == nullptr || near.data != xpath.data() || near.entry->text != xpath) {
+      near = {xpath.data(), &entryOf(xpath)};
     }
-    if (entries_.size() == most) {
-      shorts_.fill({});
-      entries_.clear();
-    }
-    ++work.pathsCompiled;
-    auto entry = std::make_unique<Entry>();
-    entry->text = xpath;
-    entry->good = parsePath(xpath, entry->path);
-    entry->path.plain = isPlain(entry->path);
-    near = {xpath.data(), entry.get()};
-    entries_.emplace(entry->text, std::move(entry));
-    return near.path();
+    return near.entry->good ? &near.entry->path : nullptr;
   }
 
  private:
@@ -71,8 +57,24 @@ class Cache {
   struct Short {
     const char* data = nullptr;
     const Entry* entry = nullptr;
-    const Path* path() const { return entry->good ? &entry->path : nullptr; }
   };
+
+  const Entry& entryOf(std::string_view xpath) {
+    const auto known = entries_.find(xpath);
+    if (known != entries_.end()) return *known->second;
+    if (entries_.size() == most) {
+      shorts_.fill({});
+      entries_.clear();
+    }
+    ++work.pathsCompiled;
+    auto entry = std::make_unique<Entry>();
+    entry->text = xpath;
+    entry->good = parsePath(xpath, entry->path);
+    entry->path.plain = isPlain(entry->path);
+    const std::string_view text = entry->text;
+    return *entries_.emplace(text, std::move(entry)).first->second;
+  }
+
   std::unordered_map<std::string_view, std::unique_ptr<Entry>> entries_;
   std::array<Short, 128> shorts_;  // by 7 bits
 };

@@ -60,7 +60,7 @@ bool addTexts(const IXMLDOMNode& element, std::string_view field, const ZelXmlLi
 // pointer each costs less than a set; a long list gets one.
 class IdsSeen {
  public:
-  IdsSeen(const ApiPmIdList& ids) : ids_(ids), first_(ids.entries()) {}
+  explicit IdsSeen(const ApiPmIdList& ids) : ids_(ids), first_(ids.entries()) {}
 
   bool contains(const ApiPmId& id) {
     const std::size_t count = ids_.entries();
