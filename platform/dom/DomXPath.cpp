@@ -40,10 +40,12 @@ class Cache {
   const Path* get(std::string_view xpath) {
     const std::uint64_t key = reinterpret_cast<std::uintptr_t>(xpath.data()) + xpath.size();
     Short& near = shorts_[key * 0x9E3779B97F4A7C15u >> 57];
-    if (near.entry == nullptr || near.data != xpath.data() || near.entry->text != xpath) {
-      near = {xpath.data(), &entryOf(xpath)};
+    const Entry* entry = near.entry;
+    if (entry == nullptr || near.data != xpath.data() || entry->text != xpath) {
+      entry = &entryOf(xpath);
+      near = {xpath.data(), entry};
     }
-    return near.entry->good ? &near.entry->path : nullptr;
+    return entry->good ? &entry->path : nullptr;
   }
 
  private:

@@ -165,8 +165,8 @@ namespace {
 // harmless until that parent, or what stands above it, is put below the object: then the layouts would close
 // a cycle, and no placement could hold. So when `lower` stands below `upper`, every link on the way up whose
 // objects are not parent and child is released; the layout keeps its absolute placement.
-bool releaseOutlivedLinks(const IXMLDOMDocument& document, const IXMLDOMDocument& out, IXMLDOMNode lower,
-                          const IXMLDOMNode& upper) {
+bool releaseOutlivedLinks(const IXMLDOMDocument& document, const IXMLDOMDocument& out,
+                          const IXMLDOMNode& lower, const IXMLDOMNode& upper) {
   std::vector<std::pair<IXMLDOMNode, IXMLDOMNode>> links;
   std::unordered_set<IXMLDOMNode> seen;
   IXMLDOMNode parent;
