@@ -138,4 +138,15 @@ std::vector<StudyChanges::Index> StudyChanges::takeCount(Random& random, std::si
   return found;
 }
 
+/// Writes the document of a generator that is made from options and a study. False, with the why in `reason`,
+/// when the study has nothing to change; false with `reason` as it was when the sink said so.
+template <class Generator, class Options>
+bool generateFrom(const Options& options, const IXMLDOMDocument& study, const ChunkSink& sink,
+                  std::string& reason) {
+  Generator generator(options, study);
+  if (!generator.canBeDrawn(reason)) return false;
+  generator.draw();
+  return generator.write(sink);
+}
+
 }  // namespace zelgen

@@ -114,10 +114,7 @@ std::optional<std::string> whyRefused(const UpdateOptions& options) {
 
 bool generateUpdate(const UpdateOptions& options, const IXMLDOMDocument& study, const ChunkSink& sink,
                     std::string& reason) {
-  Generator generator(options, study);
-  if (!generator.canBeDrawn(reason)) return false;
-  generator.draw();
-  return generator.write(sink);
+  return generateFrom<Generator>(options, study, sink, reason);
 }
 
 }  // namespace zelgen

@@ -287,8 +287,8 @@ ZelNode* ZelXmlEquipmentPrototype::createOccurrence(const ApiPmId& prototype) {
   ZelNode* child = createChild(
       ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE,
       named->type() == ZEL_EQUIPMENT_PROTOTYPE ? "PmEquipmentPrototypeOccurrence" : "PmToolInstance", id);
-  auto* occurrence = zelQuery<ZelVorPrototypeOccurrence>(child);
-  const bool written = occurrence && occurrence->setPrototypeId(prototype) &&
-                       zelXmlSetParentPrototype(document(), zelXmlNodeOf(child)->getXmlNode(), own.text());
+  if (!child) return nullptr;
+  auto& occurrence = static_cast<ZelXmlEquipmentPrototypeOccurrence&>(*zelXmlNodeOf(child));
+  const bool written = occurrence.setPrototypeId(prototype) && occurrence.setParentPrototype(own);
   return written ? child : nullptr;
 }
