@@ -39,8 +39,10 @@ class ApiPmId {
   // A deterministic hash of the text.
   std::size_t hash() const noexcept { return entry_ ? entry_->hash : 0; }
 
-  // Equal for equal ids and for no others while they live: a key for tables whose order nobody sees.
-  const void* identity() const noexcept { return entry_; }
+  // A number that the text has while any id of it lives, and no other text then: a place in tables whose
+  // order nobody sees. The null id has 0; ids that were made one after the other mostly have neighbouring
+  // numbers.
+  std::uint32_t number() const noexcept { return entry_ ? entry_->number : 0; }
 
   friend bool operator==(const ApiPmId& a, const ApiPmId& b) noexcept { return a.entry_ == b.entry_; }
   friend bool operator<(const ApiPmId& a, const ApiPmId& b) noexcept { return a.text() < b.text(); }
@@ -55,7 +57,9 @@ class ApiPmId {
     std::uint64_t hash;
     std::uint32_t references;
     std::uint32_t length;
-    std::string_view text() const noexcept { return {reinterpret_cast<const char*>(this + 1), length}; }
+    std::uint32_t number;  // the text stands behind it
+    const char* letters() const noexcept { return reinterpret_cast<const char*>(&number + 1); }
+    std::string_view text() const noexcept { return {letters(), length}; }
   };
   friend struct ApiPmIdTable;
   explicit ApiPmId(Entry* entry) noexcept : entry_(entry) {

@@ -109,6 +109,10 @@ class IXMLDOMNode {
   // Replaces `found` by all matches in document order, as they stand at the call; true also for none.
   bool selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const;
 
+  // Calls `visit` for each match in document order. No snapshot is taken: `visit` must not change the tree.
+  // False for a text outside the subset.
+  bool visitNodes(std::string_view xpath, const std::function<void(const IXMLDOMNode&)>& visit) const;
+
   // Text of the first child element of this name, as selectText.
   bool childText(const IXMLDOMName& name, std::string& buffer, std::string_view& text) const;
   // First child element of this name with exactly this text, and its place among the children of this name,

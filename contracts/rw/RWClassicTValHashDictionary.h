@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "rw/RWPagedArray.h"
 
 // When a dictionary changes its number of buckets.
 struct RWGrowth {
@@ -23,6 +25,11 @@ struct RWGrowth {
   }
 };
 
+// How a dictionary finds an entry: by the hash of the key; or by `key.number()`, for keys that have a small
+// number of their own while they live, and many of which have neighbouring ones.
+struct RWByHash {};
+struct RWByNumber {};
+
 // A hash dictionary as callers observe it: an array of buckets, each a list with new entries at the tail;
 // listings walk the buckets in ascending index and each list from its head. A look-up takes constant time
 // also in a dictionary whose bucket count never grows. The two go together like this:
@@ -32,10 +39,10 @@ struct RWGrowth {
 // 2. A listing is the sequence sorted by bucket (hash modulo bucketCount), stable.
 // 3. Growing puts the sequence into listing order first, so rule 2 goes on to give what re-inserting the old
 //    buckets one after the other would give.
-// 4. Look-ups go through a table of their own, whose size has nothing to do with bucketCount.
+// 4. Look-ups go through a table of their own (Lookup), whose size has nothing to do with bucketCount.
 //
 // A key stays at its address until its entry goes.
-template <class K, class V, class Hash = std::hash<K>>
+template <class K, class V, class Hash = std::hash<K>, class Lookup = RWByHash>
 class RWClassicTValHashDictionary {
  public:
   struct Entry {
@@ -71,14 +78,7 @@ class RWClassicTValHashDictionary {
   bool isEmpty() const noexcept { return count_ == 0; }
   std::size_t bucketCount() const noexcept { return bucketCount_; }
 
-  Entry* find(const K& key) const {
-    if (count_ == 0) return nullptr;
-    const std::size_t hash = Hash{}(key);
-    for (Entry* entry = table_[slotOf(hash)]; entry; entry = entry->chain) {
-      if (entry->hash == hash && entry->key == key) return entry;
-    }
-    return nullptr;
-  }
+  Entry* find(const K& key) const { return table_.find(key); }
 
   // Appends an entry, or replaces the value of a present key; then the entry keeps key and place.
   Entry& insert(const K& key, V value) {
@@ -87,13 +87,10 @@ class RWClassicTValHashDictionary {
       present->value = std::move(value);
       return *present;
     }
-    if (count_ >= table_.size()) resizeTable();
     auto* entry = new Entry(key, std::move(value), Hash{}(key));
     entry->place = sequence_.size();
     sequence_.push_back(entry);
-    Entry*& slot = table_[slotOf(entry->hash)];
-    entry->chain = slot;
-    slot = entry;
+    table_.add(entry);
     ++count_;
     if (growth_.when == RWGrowth::When::afterInsertion) growIfDue();
     return *entry;
@@ -107,9 +104,7 @@ class RWClassicTValHashDictionary {
 
   // Drops an entry of this dictionary. `entry` and its key are gone afterwards.
   void erase(Entry* entry) {
-    Entry** link = &table_[slotOf(entry->hash)];
-    while (*link != entry) link = &(*link)->chain;
-    *link = entry->chain;
+    table_.remove(entry);
     sequence_[entry->place] = nullptr;
     delete entry;
     if (--count_ * 2 < sequence_.size()) closeUp();
@@ -138,11 +133,73 @@ class RWClassicTValHashDictionary {
   }
 
  private:
-  // The upper bits of a product: hashes that differ in their upper bits only, or by a large power of two, are
-  // parted too.
-  std::size_t slotOf(std::size_t hash) const noexcept {
-    return static_cast<std::size_t>((std::uint64_t{hash} * 0x9e3779b97f4a7c15ULL) >> shift_);
-  }
+  // Chains of entries by their hash, one entry long on the average.
+  class HashTable {
+   public:
+    Entry* find(const K& key) const {
+      if (slots_.empty()) return nullptr;
+      const std::size_t hash = Hash{}(key);
+      for (Entry* entry = slots_[slotOf(hash)]; entry; entry = entry->chain) {
+        if (entry->hash == hash && entry->key == key) return entry;
+      }
+      return nullptr;
+    }
+    void add(Entry* entry) {
+      if (count_ >= slots_.size()) grow();
+      link(entry);
+      ++count_;
+    }
+    void remove(const Entry* entry) noexcept {
+      Entry** at = &slots_[slotOf(entry->hash)];
+      while (*at != entry) at = &(*at)->chain;
+      *at = entry->chain;
+      --count_;
+    }
+    void clear() noexcept {
+      slots_.clear();
+      count_ = 0;
+    }
+
+   private:
+    // The upper bits of a product: hashes that differ in their upper bits only, or by a large power of two,
+    // are parted too.
+    std::size_t slotOf(std::size_t hash) const noexcept {
+      return static_cast<std::size_t>((std::uint64_t{hash} * 0x9e3779b97f4a7c15ULL) >> shift_);
+    }
+    void link(Entry* entry) noexcept {
+      Entry*& slot = slots_[slotOf(entry->hash)];
+      entry->chain = slot;
+      slot = entry;
+    }
+    void grow() {
+      std::vector<Entry*> former(slots_.empty() ? 64 : slots_.size() * 2);
+      shift_ = slots_.empty() ? 64 - 6 : shift_ - 1;
+      former.swap(slots_);
+      for (Entry* entry : former) {
+        while (entry) link(std::exchange(entry, entry->chain));
+      }
+    }
+
+    std::vector<Entry*> slots_;  // none, or 2 to the power of 64 - shift_
+    std::size_t count_ = 0;
+    unsigned shift_ = 0;
+  };
+
+  // The entry keeps its key alive, so that its number is no other key's.
+  class NumberTable {
+   public:
+    Entry* find(const K& key) const {
+      Entry* const* place = places_.find(key.number());
+      return place ? *place : nullptr;
+    }
+    void add(Entry* entry) { places_.at(entry->key.number()) = entry; }
+    void remove(const Entry* entry) noexcept { *places_.find(entry->key.number()) = nullptr; }
+    void clear() noexcept { places_.clear(); }
+
+   private:
+    RWPagedArray<Entry*> places_;
+  };
+
   void closeUp() {
     std::erase(sequence_, nullptr);
     for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
@@ -152,16 +209,6 @@ class RWClassicTValHashDictionary {
     sequence_ = listing();
     for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
     bucketCount_ = growth_.factor * count_;
-  }
-  void resizeTable() {
-    shift_ = table_.empty() ? 64 - 6 : shift_ - 1;
-    table_.assign(table_.empty() ? 64 : table_.size() * 2, nullptr);
-    for (Entry* entry : sequence_) {
-      if (!entry) continue;
-      Entry*& slot = table_[slotOf(entry->hash)];
-      entry->chain = slot;
-      slot = entry;
-    }
   }
   void copyEntries(const RWClassicTValHashDictionary& other) {
     const RWGrowth growth = std::exchange(growth_, RWGrowth::never());
@@ -175,6 +222,5 @@ class RWClassicTValHashDictionary {
   std::size_t bucketCount_;
   std::size_t count_ = 0;
   std::vector<Entry*> sequence_;
-  std::vector<Entry*> table_;  // empty, or 2 to the power of 64 - shift_
-  unsigned shift_ = 0;
+  std::conditional_t<std::is_same_v<Lookup, RWByNumber>, NumberTable, HashTable> table_;
 };

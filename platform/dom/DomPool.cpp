@@ -27,6 +27,7 @@ namespace {
 
 constexpr std::size_t slabBytes = std::size_t{64} << 10;
 constexpr std::size_t chunkBytes = std::size_t{2} << 20;
+constexpr std::size_t ownPagesUpTo = std::size_t{8} << 20;  // small studies take small pages
 constexpr std::size_t largest = 256;
 constexpr std::uint32_t allFree = ~std::uint32_t{0};
 static_assert(chunkBytes / slabBytes == 32);
@@ -95,6 +96,8 @@ Chunk* mapChunk() {
   if (before != 0) ::munmap(from, before);
   ::munmap(from + before + chunkBytes, chunkBytes - before);
   mapped += chunkBytes;
+  // In a large study most of what a read costs is to find the page: a huge one is found at once.
+  if (mapped > ownPagesUpTo) ::madvise(from + before, chunkBytes, MADV_HUGEPAGE);
   return new (from + before) Chunk{nullptr, nullptr, allFree};
 }
 
@@ -109,8 +112,7 @@ Slab* openSlab(std::size_t size) {
   if (chunk->freeSlabs == 0) chunks.remove(chunk);
   char* const base = reinterpret_cast<char*>(chunk) + static_cast<std::size_t>(index) * slabBytes;
 #ifdef MADV_POPULATE_WRITE
-  // All pages of a slab at once: a wish that saves a page fault each. Huge pages would save more, but on a
-  // machine short of whole ones the kernel may stop the process to make some.
+  // All pages of a slab at once: a wish that saves a page fault each.
   ::madvise(base, slabBytes, MADV_POPULATE_WRITE);
 #endif
   Slab* const slab = slabOf(base);

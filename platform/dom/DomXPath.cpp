@@ -216,4 +216,15 @@ bool selectAll(Node* context, std::string_view xpath, std::vector<Node*>& found)
   return true;
 }
 
+bool visitAll(Node* context, std::string_view xpath, const std::function<void(Node*)>& visit) {
+  const Path* const known = cache().get(xpath);
+  if (known == nullptr) return false;
+  const Path path = *known;  // what is visited may fill the cache with other paths
+  select(context, path, [&visit](Node* node) {
+    visit(node);
+    return false;
+  });
+  return true;
+}
+
 }  // namespace dom

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,9 @@ namespace dom {
 Node* selectFirst(Node* context, std::string_view xpath);
 // False, `found` untouched, when the text is outside the subset.
 bool selectAll(Node* context, std::string_view xpath, std::vector<Node*>& found);
+
+// The same, each handed to `visit` where the walk stands.
+bool visitAll(Node* context, std::string_view xpath, const std::function<void(Node*)>& visit);
 
 // A path as it is compiled; DomXPathParser makes it, DomXPath walks by it.
 struct Term;

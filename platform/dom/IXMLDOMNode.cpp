@@ -155,6 +155,11 @@ bool IXMLDOMNode::selectNodes(std::string_view xpath, IXMLDOMNodeList& found) co
   return true;
 }
 
+bool IXMLDOMNode::visitNodes(std::string_view xpath,
+                             const std::function<void(const IXMLDOMNode&)>& visit) const {
+  return node_ != nullptr && dom::visitAll(node_, xpath, [&visit](Node* node) { visit(Node::handle(node)); });
+}
+
 IXMLDOMNode IXMLDOMNode::getNamedItem(std::string_view name) const {
   return Node::handle(node_ != nullptr ? dom::findAttribute(node_, name) : nullptr);
 }

@@ -1,5 +1,8 @@
 #include "api/ApiPmId.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -37,6 +40,42 @@ std::uint64_t hashOf(std::string_view text) noexcept {
   return mixed(hash);
 }
 
+// Numbers from 1 on. One that was given back is taken again when a quarter of all are free: one pass over
+// them then gives many, in ascending order. It never shrinks.
+class Numbers {
+ public:
+  std::uint32_t take() {
+    if (used_ >= words_ * 48) grow();
+    while (free_[at_] == 0) at_ = at_ + 1 < words_ ? at_ + 1 : 0;
+    const auto bit = static_cast<std::uint32_t>(std::countr_zero(free_[at_]));
+    free_[at_] &= free_[at_] - 1;
+    ++used_;
+    return static_cast<std::uint32_t>(at_ * 64) + bit;
+  }
+  void giveBack(std::uint32_t number) noexcept {
+    free_[number / 64] |= std::uint64_t{1} << number % 64;
+    --used_;
+  }
+
+ private:
+  void grow() {
+    const std::size_t words = words_ ? words_ * 2 : 64;
+    if (words > (std::size_t{1} << 32) / 64) throw std::bad_alloc();
+    auto* bigger = static_cast<std::uint64_t*>(std::realloc(free_, words * sizeof(std::uint64_t)));
+    if (!bigger) throw std::bad_alloc();
+    free_ = bigger;
+    for (std::size_t i = words_; i < words; ++i) free_[i] = ~std::uint64_t{0};
+    if (words_ == 0) free_[0] &= ~std::uint64_t{1};
+    at_ = words_;
+    words_ = words;
+  }
+
+  std::uint64_t* free_ = nullptr;  // a bit each
+  std::size_t words_ = 0;
+  std::size_t used_ = 0;
+  std::size_t at_ = 0;  // where the last number came from
+};
+
 }  // namespace
 
 // All texts in use: open hashing, a power of two of slots, at most half as many entries: every entry that a
@@ -48,6 +87,7 @@ struct ApiPmIdTable {
   Entry** slots = nullptr;
   std::size_t mask = 0;
   std::size_t count = 0;
+  Numbers numbers;
 
   Entry* find(std::string_view text, std::uint64_t hash) const noexcept {
     if (!slots) return nullptr;
@@ -60,11 +100,19 @@ struct ApiPmIdTable {
   Entry* add(std::string_view text, std::uint64_t hash) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
     if (!slots || count > mask / 2) grow();
-    void* memory = std::malloc(sizeof(Entry) + text.size());
+    constexpr std::size_t head = offsetof(Entry, number) + sizeof(Entry::number);
+    void* memory = std::malloc(std::max(sizeof(Entry), head + text.size()));
     if (!memory) throw std::bad_alloc();
-    auto* entry = new (memory) Entry{slots[hash & mask], hash, 0, static_cast<std::uint32_t>(text.size())};
-    std::memcpy(entry + 1, text.data(), text.size());
-    slots[hash & mask] = entry;
+    Entry*& slot = slots[hash & mask];
+    auto* entry = new (memory) Entry{slot, hash, 0, static_cast<std::uint32_t>(text.size()), 0};
+    std::memcpy(static_cast<char*>(memory) + head, text.data(), text.size());
+    try {
+      entry->number = numbers.take();
+    } catch (...) {
+      std::free(memory);
+      throw;
+    }
+    slot = entry;
     ++count;
     return entry;
   }
@@ -73,6 +121,7 @@ struct ApiPmIdTable {
     Entry** link = &slots[entry->hash & mask];
     while (*link != entry) link = &(*link)->next;
     *link = entry->next;
+    numbers.giveBack(entry->number);
     std::free(entry);
     --count;
   }

@@ -5,7 +5,7 @@
 #include "session/IdMap.h"
 
 struct ApiPmXmlCachedDocument::Index {
-  IdMap<ApiPmId, IXMLDOMElement> elements;
+  IdMap<IXMLDOMElement> elements;
 
   static bool holds(const ApiPmId& id) { return !id.isNull() && id.text() != "NULL"; }
 

@@ -10,8 +10,8 @@ struct ApiVorToolsIdConverter::Pairs {
     ApiPmInternalId number;
     bool pending = false;
   };
-  IdMap<ApiPmId, Number> numbers;
-  IdMap<ApiPmInternalId, ApiPmId> ids;
+  IdMap<Number> numbers;
+  NumberMap ids;
   std::int32_t nextPending = -1;
 
   void pair(const ApiPmInternalId& number, const ApiPmId& id, bool pending) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <random>
 #include <set>
 #include <string>
@@ -93,6 +94,15 @@ TEST(ApiPmId, TextsLiveAsLongAsTheirIds) {
       }
     }
     ASSERT_EQ(ids[from].text(), texts[from]);
+    if (step % 5000 != 0) continue;
+    // A number for each text that lives, and the numbers of those that went are taken again.
+    std::unordered_map<std::uint32_t, std::string> numbers;
+    for (const ApiPmId& id : ids) {
+      const auto [known, isNew] = numbers.emplace(id.number(), id.text());
+      ASSERT_EQ(known->second, id.text());
+      ASSERT_LT(id.number(), 10000u);
+      ASSERT_EQ(id.number() == 0, id.isNull());
+    }
   }
   ids.clear();
   for (int i = 0; i < 4000; ++i) ASSERT_TRUE(ApiPmId::existing(numbered("lifetime ", i)).isNull());

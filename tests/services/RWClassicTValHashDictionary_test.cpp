@@ -14,14 +14,19 @@
 namespace {
 
 // Few enough bits that keys meet in buckets, and some that differ in their upper bits only.
+struct Key {
+  int value;
+  Key(int key) : value(key) {}  // NOLINT(google-explicit-constructor)
+  std::uint32_t number() const { return static_cast<std::uint32_t>(value); }
+  friend bool operator==(const Key&, const Key&) = default;
+};
 struct TestHash {
-  std::size_t operator()(int key) const {
-    const auto k = static_cast<std::size_t>(key);
+  std::size_t operator()(const Key& key) const {
+    const auto k = static_cast<std::size_t>(key.value);
     return k % 5 == 0 ? k << 40 : k * 7;
   }
 };
 
-using Dictionary = RWClassicTValHashDictionary<int, std::string, TestHash>;
 using Listed = std::vector<std::pair<int, std::string>>;
 
 // The rules taken at their word: an array of lists, walked and re-inserted for real.
@@ -76,13 +81,16 @@ class LiteralDictionary {
   std::size_t count_ = 0;
 };
 
+template <class Dictionary>
 Listed listingOf(const Dictionary& dictionary) {
   Listed listed;
-  for (const auto* entry : dictionary.listing()) listed.emplace_back(entry->key, entry->value);
+  for (const auto* entry : dictionary.listing()) listed.emplace_back(entry->key.value, entry->value);
   return listed;
 }
 
-TEST(RWClassicTValHashDictionary, IsWhatItsRulesSay) {
+template <class Lookup>
+void compareWithLiteral() {
+  using Dictionary = RWClassicTValHashDictionary<Key, std::string, TestHash, Lookup>;
   std::mt19937_64 random(domtest::seed());
   struct Case {
     RWGrowth growth;
@@ -132,6 +140,9 @@ TEST(RWClassicTValHashDictionary, IsWhatItsRulesSay) {
     ASSERT_EQ(listingOf(dictionary), literal.listing());
   }
 }
+
+TEST(RWClassicTValHashDictionary, IsWhatItsRulesSay) { compareWithLiteral<RWByHash>(); }
+TEST(RWClassicTValHashDictionary, IsTheSameByNumbers) { compareWithLiteral<RWByNumber>(); }
 
 TEST(RWClassicTValHashDictionary, GrowsAtTheToldEntry) {
   RWClassicTValHashDictionary<int, int> dictionary(RWGrowth::before(3, 2));

@@ -193,9 +193,9 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // elements without id, whose node is made but not registered.
   ZelNode* createNodeByFamilyXmlNode(const IXMLDOMNode& familyElement);
   ZelNode* handleNodeCreation(const IXMLDOMNode& element, std::string_view family);
-  ZelNode* createNode(const IXMLDOMNode& element, std::string_view family);
-  // Indexes the element under its id, and pairs the data store's number with the id. False without id.
-  bool handleNewNodeCaches(const IXMLDOMNode& element);
+  ZelNode* createNode(const IXMLDOMNode& element, const ApiPmId& id, std::string_view family);
+  // Indexes the element under its id, and pairs the data store's number with the id. False for the null id.
+  bool handleNewNodeCaches(const IXMLDOMNode& element, const ApiPmId& id);
 
   // Deletes one after the other; stops at the first false. False for an empty list.
   bool deleteNodesList(const ApiPmIdList& ids);
@@ -236,6 +236,8 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool transferReference(std::string_view field, const IXMLDOMNode& from, const IXMLDOMNode& to);
 
   void clear();
+  bool enterRelevantParent(const IXMLDOMNode& parent, const ApiPmId& parentId, const ApiPmId& child,
+                           bool force);
   bool preBuild(const IXMLDOMDocument& document, bool download);
   bool collectToolInstanceMasterObjects(const IXMLDOMDocument& document);
   void updateRoots();

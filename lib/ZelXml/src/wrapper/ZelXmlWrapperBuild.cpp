@@ -16,11 +16,9 @@ bool ZelXmlWrapper::build(bool download) {
   if (prepared && document) {
     // Before the walk: an occurrence may stand ahead of the instance that names it.
     collectToolInstanceMasterObjects(document);
-    IXMLDOMNodeList families;
-    if (zelXmlSelectChildren(document, "Data/Objects/*/NodeInfo/family", families)) {
-      for (const IXMLDOMNode& family : families) createNodeByFamilyXmlNode(family);
-      updateRoots();
-    }
+    document.visitNodes("Data/Objects/*/NodeInfo/family",
+                        [this](const IXMLDOMNode& family) { createNodeByFamilyXmlNode(family); });
+    updateRoots();
   }
   ZEL_LOG("VorIntegration    ", ApiLogLogger::trace, "ZelXml Build - End");
   return prepared;

@@ -67,18 +67,19 @@ ZelNode* ZelXmlWrapper::createNodeByFamilyXmlNode(const IXMLDOMNode& familyEleme
 
 ZelNode* ZelXmlWrapper::handleNodeCreation(const IXMLDOMNode& element, std::string_view family) {
   ZelNode* node = nullptr;
+  ApiPmId id;
+  zelXmlGetExternalId(element, id);
   if (family == "Shortcut") {
     addShortcutToShortcutFinder(element);
   } else {
-    node = createNode(element, family);
+    node = createNode(element, id, family);
   }
-  handleNewNodeCaches(element);
+  handleNewNodeCaches(element, id);
   return node;
 }
 
-bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element) {
-  ApiPmId id;
-  if (!zelXmlGetExternalId(element, id)) return false;
+bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element, const ApiPmId& id) {
+  if (id.isNull()) return false;
   ApiPmSessionManager::the().cacheNode(DOMDocument(), id, element);
   std::string buffer;
   std::string_view number;
@@ -89,7 +90,7 @@ bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element) {
   return true;
 }
 
-ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, std::string_view family) {
+ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, const ApiPmId& id, std::string_view family) {
   ZelNodeType type = noNode;
   if (family == "Product") {
     type = classOfProduct(element);
@@ -116,8 +117,7 @@ ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, std::string_view 
   if (!made) return nullptr;
   ZelXmlNode* xmlNode = made.release();
   ZelNode* node = xmlNode->pmNode();
-  ApiPmId id;
-  if (!zelXmlGetExternalId(element, id)) {
+  if (id.isNull()) {
     convertor_.keepUnregistered(node);
     return node;
   }

@@ -22,7 +22,11 @@ void ZelXmlWrapper::setRelevantParent(const ApiPmId& child, const ApiPmId& paren
 bool ZelXmlWrapper::addParentAndChildToRelevantParentFinder(const IXMLDOMNode& parent, const ApiPmId& child,
                                                             bool force) {
   ApiPmId parentId;
-  if (!zelXmlGetExternalId(parent, parentId)) return false;
+  return zelXmlGetExternalId(parent, parentId) && enterRelevantParent(parent, parentId, child, force);
+}
+
+bool ZelXmlWrapper::enterRelevantParent(const IXMLDOMNode& parent, const ApiPmId& parentId,
+                                        const ApiPmId& child, bool force) {
   ApiPmId present;
   if (!force && parentFinder_.findRelevantParent(child, present) && !present.isNull()) {
     if (!(present == parentId)) issueSharedNodeAdditionalParentIgnoredWarning(child, parent);
@@ -41,9 +45,11 @@ bool ZelXmlWrapper::addParentAndChildToRelevantParentFinder(const ZelXmlNode& pa
 
 bool ZelXmlWrapper::addParentAndChildrenToRelevantParentFinder(const IXMLDOMNode& parent) {
   ApiPmIdList children;
-  if (!zelXmlGetChildIds(parent, children)) return true;
+  if (!zelXmlGetChildIds(parent, children) || children.isEmpty()) return true;
+  ApiPmId parentId;
+  if (!zelXmlGetExternalId(parent, parentId)) return false;
   for (const ApiPmId& child : children) {
-    if (!addParentAndChildToRelevantParentFinder(parent, child, false)) return false;
+    if (!enterRelevantParent(parent, parentId, child, false)) return false;
   }
   return true;
 }
