@@ -133,6 +133,9 @@ class IXMLDOMNode {
   bool setAttribute(std::string_view name, std::string_view value) const;
   bool removeAttribute(std::string_view name) const;
 
+  // Whether two nodes and all below them are alike: types, names, attributes in their order, texts. Then they
+  // are written alike too; white space counts.
+  bool isEqualNode(const IXMLDOMNode& other) const noexcept;
   // This node and all below it as XML text in UTF-8.
   std::string xml() const;
   // Line at which an element with child elements or none, read from text, began; 0 for all other nodes.

@@ -1,6 +1,7 @@
 #include "DomTree.h"
 
 #include <new>
+#include <utility>
 
 #include "DomIndex.h"
 #include "DomLists.h"
@@ -263,6 +264,60 @@ bool textEquals(const Node* node, std::string_view text) noexcept {
     text.remove_prefix(piece.size());
   }
   return text.empty();
+}
+
+namespace {
+
+// Without what is below them.
+bool alike(const Node* a, const Node* b) noexcept {
+  if (a->type != b->type || a->name != b->name) return false;
+  if (!a->takesChildren()) return a->ownText() == b->ownText();
+  const Node* one = firstAttribute(a);
+  const Node* other = firstAttribute(b);
+  for (; one != nullptr && other != nullptr; one = one->next, other = other->next) {
+    if (one->name != other->name || one->ownText() != other->ownText()) return false;
+  }
+  return one == nullptr && other == nullptr;
+}
+
+// Of two elements one of which holds its text itself.
+bool sameText(const Node* a, const Node* b) noexcept {
+  if (a->length == 0) std::swap(a, b);
+  if (b->length != 0) return a->ownText() == b->ownText();
+  const Node* const text = b->first();
+  return text != nullptr && text->type == NODE_TEXT && text->next == nullptr &&
+         text->ownText() == a->ownText();
+}
+
+}  // namespace
+
+bool equalTrees(const Node* a, const Node* b) noexcept {
+  const Node* const top = a;
+  for (;;) {
+    if (!alike(a, b)) return false;
+    const Node* nextA = nullptr;
+    const Node* nextB = nullptr;
+    if (a->takesChildren()) {
+      if (a->length != 0 || b->length != 0) {
+        if (!sameText(a, b)) return false;
+      } else {
+        nextA = a->first();
+        nextB = b->first();
+      }
+    }
+    while (nextA == nullptr || nextB == nullptr) {
+      if (nextA != nextB) return false;  // one has more than the other
+      if (a == top) return true;
+      nextA = a->next;
+      nextB = b->next;
+      if (nextA == nullptr && nextB == nullptr) {
+        a = a->parent;
+        b = b->parent;
+      }
+    }
+    a = nextA;
+    b = nextB;
+  }
 }
 
 void initText(Node* node, std::string_view text) {

@@ -60,6 +60,8 @@ inline std::string_view textOf(const Node* node, std::string& buffer) {
   return !node->takesChildren() || node->length != 0 ? node->ownText() : joinedText(node, buffer);
 }
 bool textEquals(const Node* node, std::string_view text) noexcept;
+// Types, names, attributes in their order, and what is below.
+bool equalTrees(const Node* a, const Node* b) noexcept;
 
 // Unguarded setters for new nodes: no index, no stamp.
 void initText(Node* node, std::string_view text);  // of a node that has neither text nor children

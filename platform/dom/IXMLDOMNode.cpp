@@ -208,6 +208,11 @@ bool IXMLDOMNode::removeAttribute(std::string_view name) const {
   return true;
 }
 
+bool IXMLDOMNode::isEqualNode(const IXMLDOMNode& other) const noexcept {
+  return node_ == other.node_ ||
+         (node_ != nullptr && other.node_ != nullptr && dom::equalTrees(node_, other.node_));
+}
+
 std::string IXMLDOMNode::xml() const { return node_ != nullptr ? dom::xmlOf(node_) : std::string(); }
 
 unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->line() : 0; }

@@ -121,4 +121,22 @@ TEST_F(DomTree, AnElementTakesItsOwnTextInPieces) {
   }
 }
 
+TEST_F(DomTree, EqualIsWhatIsWrittenAlike) {
+  const IXMLDOMDocument document = parsed(
+      "<r><o/><o> </o><o>t</o><o>t</o><o>text of many bytes</o><p>t</p><o a='1'/><o a='1'/><o a='2'/><o "
+      "b='1'/>"
+      "<o a='1' b='2'/><o b='2' a='1'/><o><![CDATA[t]]></o><o><!--t--></o><o><?t "
+      "t?></o><o><i/></o><o><i/><i/></o>"
+      "<o><i>t</i></o><o><i/>t</o><o>t<i/></o><o><i><j/></i><i/></o><o><i><j/></i><i/></o><o><i/><i><j/></"
+      "i></o></r>");
+  const IXMLDOMNodeList nodes = document.documentElement().childNodes();
+  nodes.item(3).childNodes();  // its text is a node now
+  for (const IXMLDOMNode& a : nodes) {
+    for (const IXMLDOMNode& b : nodes) EXPECT_EQ(a.isEqualNode(b), a.xml() == b.xml()) << a.xml() << b.xml();
+    EXPECT_TRUE(a.isEqualNode(a.cloneNode(true)));
+    EXPECT_FALSE(a.isEqualNode(IXMLDOMNode()) || IXMLDOMNode().isEqualNode(a));
+  }
+  EXPECT_TRUE(document.isEqualNode(parsed(document.xml())));
+}
+
 }  // namespace

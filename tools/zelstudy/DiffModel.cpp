@@ -8,21 +8,33 @@ namespace zelstudy {
 DiffModel::DiffModel(const IXMLDOMDocument& before, const IXMLDOMDocument& after) {
   sides_[earlier].document = before;
   sides_[later].document = after;
-  for (OneSide& side : sides_) collect(side);
+  collect(sides_[earlier], OneSide());
+  collect(sides_[later], sides_[earlier]);
   match();
 }
 
-void DiffModel::collect(OneSide& side) {
+void DiffModel::collect(OneSide& side, const OneSide& other) {
   IXMLDOMNodeList sections;
   side.document.selectNodes("Data/Objects", sections);
   for (const IXMLDOMNode& section : sections)
     for (IXMLDOMElement each = section.firstElementChild(); each; each = each.nextElementSibling())
       side.objects.push_back(each);
-  side.byId.reserve(side.objects.size());
+  side.nextSame.assign(side.objects.size(), none);
+  side.ids.reserve(side.objects.size());
+  Index likely = 0;
   for (Index i = 0; i < side.objects.size(); ++i) {
-    std::string_view id;
-    if (!side.objects[i].getAttribute("ExternalId", id) || !zelXmlIsReference(id)) id = {};
-    side.byId[id].push_back(i);
+    std::string_view text;
+    if (!side.objects[i].getAttribute("ExternalId", text) || !zelXmlIsReference(text)) text = {};
+    if (likely < other.ids.size() && other.ids[likely].text() == text) {
+      side.ids.push_back(other.ids[likely]);
+    } else {
+      side.ids.emplace_back(text);
+      likely = other.same(side.ids[i]).first;
+    }
+    if (likely != none) ++likely;
+    OneSide::Same& same = side.byId.at(side.ids[i].number());
+    (same.first == none ? same.first : side.nextSame[same.last]) = i;
+    same.last = i;
   }
 }
 
@@ -30,13 +42,14 @@ void DiffModel::match() {
   OneSide& before = sides_[earlier];
   OneSide& after = sides_[later];
   std::vector<Index> partners(before.objects.size(), none);
-  for (const auto& [id, indexes] : before.byId) {
-    const auto found = after.byId.find(id);
-    if (found == after.byId.end()) continue;
-    if (!id.empty() && indexes.size() == 1 && found->second.size() == 1)
-      partners[indexes[0]] = found->second[0];
+  for (Index i = 0; i < before.objects.size(); ++i) {
+    const OneSide::Same same = before.same(before.ids[i]), others = after.same(before.ids[i]);
+    if (same.first != i || others.first == none) continue;
+    const bool haveId = !before.ids[i].isNull();
+    if (haveId && same.first == same.last && others.first == others.last)
+      partners[i] = others.first;
     else
-      matchMany(indexes, found->second, !id.empty(), partners);
+      matchMany(before.all(i), after.all(others.first), haveId, partners);
   }
   std::vector<bool> taken(after.objects.size());
   for (Index i = 0; i < before.objects.size(); ++i) {
@@ -45,10 +58,9 @@ void DiffModel::match() {
       continue;
     }
     taken[partners[i]] = true;
-    std::string_view id;
-    before.objects[i].getAttribute("ExternalId", id);
-    if (zelXmlIsReference(id)) pairOfId_.emplace(id, static_cast<Index>(pairs_.size()));
-    pairs_.push_back({{before.objects[i], after.objects[partners[i]]}, id});
+    pairs_.push_back({{before.objects[i], after.objects[partners[i]]}, before.ids[i].text()});
+    Index& first = firstPair_.at(before.ids[i].number());
+    if (first == 0) first = static_cast<Index>(pairs_.size());
   }
   for (Index i = 0; i < after.objects.size(); ++i)
     if (!taken[i]) after.alone.push_back(i);
@@ -78,14 +90,13 @@ void DiffModel::matchMany(const std::vector<Index>& before, const std::vector<In
 }
 
 IXMLDOMElement DiffModel::find(Side side, std::string_view id) const {
-  const auto found = sides_[side].byId.find(id);
-  if (id.empty() || found == sides_[side].byId.end()) return {};
-  return sides_[side].objects[found->second.front()];
+  const Index first = id.empty() ? none : sides_[side].same(ApiPmId::existing(id)).first;
+  return first == none ? IXMLDOMElement() : sides_[side].objects[first];
 }
 
 DiffModel::Index DiffModel::findPair(std::string_view id) const {
-  const auto found = pairOfId_.find(id);
-  return found == pairOfId_.end() ? none : found->second;
+  const Index* first = id.empty() ? nullptr : firstPair_.find(ApiPmId::existing(id).number());
+  return first && *first ? *first - 1 : none;
 }
 
 const DiffModel::Texts& DiffModel::owners(const IXMLDOMElement& object) {

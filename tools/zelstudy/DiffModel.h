@@ -8,7 +8,9 @@
 #include <unordered_set>
 #include <vector>
 
+#include "api/ApiPmId.h"
 #include "dom/IXMLDOMDocument.h"
+#include "rw/RWPagedArray.h"
 #include "zelstudy/DiffFields.h"
 
 namespace zelstudy {
@@ -56,11 +58,29 @@ class DiffModel {
   struct OneSide {
     IXMLDOMDocument document;
     std::vector<IXMLDOMElement> objects;
-    std::unordered_map<std::string_view, std::vector<Index>> byId;
+    // By the number of an id, the objects that have it, in document order; under 0 those without id.
+    struct Same {
+      Index first = none;
+      Index last = none;
+    };
+    std::vector<ApiPmId> ids;  // of each object
+    RWPagedArray<Same> byId;
+    std::vector<Index> nextSame;  // of each object
     std::vector<Index> alone;
+
+    Same same(const ApiPmId& id) const {
+      const Same* found = byId.find(id.number());
+      return found ? *found : Same();
+    }
+    std::vector<Index> all(Index first) const {
+      std::vector<Index> objects;
+      for (; first != none; first = nextSame[first]) objects.push_back(first);
+      return objects;
+    }
   };
 
-  void collect(OneSide& side);
+  // Most objects follow the one that they followed in `other`, so that few ids are looked up.
+  static void collect(OneSide& side, const OneSide& other);
   void match();
   void matchMany(const std::vector<Index>& before, const std::vector<Index>& after, bool haveId,
                  std::vector<Index>& partners);
@@ -68,7 +88,7 @@ class DiffModel {
 
   std::array<OneSide, 2> sides_;
   std::vector<Pair> pairs_;
-  std::unordered_map<std::string_view, Index> pairOfId_;
+  RWPagedArray<Index> firstPair_;  // by the number of an id, counted from 1
   std::unordered_map<const void*, Texts> owners_;
 };
 

@@ -27,8 +27,7 @@ class Differ {
   StudyDiff run() {
     const auto& pairs = model_.pairs();
     for (Index i = 0; i < pairs.size(); ++i) {
-      // Almost all objects are as they were, to the letter.
-      if (pairs[i].before().xml() == pairs[i].after().xml()) continue;
+      if (pairs[i].before().isEqualNode(pairs[i].after())) continue;  // almost all
       if (pairs[i].before().nodeName() != pairs[i].after().nodeName())
         changes_[i].push_back(
             {ChangeKind::className, "", pairs[i].before().nodeName(), pairs[i].after().nodeName()});
