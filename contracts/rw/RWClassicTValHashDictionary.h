@@ -44,8 +44,11 @@ struct RWByNumber {};
 // A key stays at its address until its entry goes.
 template <class K, class V, class Hash = std::hash<K>, class Lookup = RWByHash>
 class RWClassicTValHashDictionary {
+  static constexpr bool byNumber = std::is_same_v<Lookup, RWByNumber>;
+  struct Plain {};
+
  public:
-  struct Entry {
+  struct Entry : std::conditional_t<byNumber, RTPooled, Plain> {
     const K key;
     V value;
 
@@ -222,5 +225,5 @@ class RWClassicTValHashDictionary {
   std::size_t bucketCount_;
   std::size_t count_ = 0;
   std::vector<Entry*> sequence_;
-  std::conditional_t<std::is_same_v<Lookup, RWByNumber>, NumberTable, HashTable> table_;
+  std::conditional_t<byNumber, NumberTable, HashTable> table_;
 };

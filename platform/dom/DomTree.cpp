@@ -6,7 +6,7 @@
 #include "DomIndex.h"
 #include "DomLists.h"
 #include "DomNames.h"
-#include "DomPool.h"
+#include "rt/RTPool.h"
 
 namespace dom {
 
@@ -16,14 +16,14 @@ std::size_t living = 0;
 std::uint32_t lastStamp = 0;  // 0 is that of a node whose stamp nobody has asked for
 
 void freeNode(Node* node) noexcept {
-  if (node->length > Node::inlineText) poolFree(const_cast<char*>(node->ownText().data()), node->length);
+  if (node->length > Node::inlineText) RTPool::free(const_cast<char*>(node->ownText().data()), node->length);
   --living;
   if (node->isElement()) {
-    poolFree(node, sizeof(ElementNode));
+    RTPool::free(node, sizeof(ElementNode));
   } else if (node->type == NODE_DOCUMENT) {
     delete asDocument(node);
   } else {
-    poolFree(node, sizeof(Node));
+    RTPool::free(node, sizeof(Node));
   }
 }
 
@@ -130,9 +130,9 @@ std::size_t livingNodes() noexcept { return living; }
 Node* newNode(int type, NameId name) {
   Node* node;
   if (type == NODE_ELEMENT) {
-    node = new (poolAllocate(sizeof(ElementNode))) ElementNode(name);
+    node = new (RTPool::allocate(sizeof(ElementNode))) ElementNode(name);
   } else {
-    node = new (poolAllocate(sizeof(Node))) Node(type, name);
+    node = new (RTPool::allocate(sizeof(Node))) Node(type, name);
   }
   ++living;
   return node;
@@ -326,7 +326,7 @@ void initText(Node* node, std::string_view text) {
     if (!text.empty()) std::memcpy(node->slot, text.data(), text.size());
     return;
   }
-  void* const kept = poolAllocate(text.size());
+  void* const kept = RTPool::allocate(text.size());
   std::memcpy(kept, text.data(), text.size());
   std::memcpy(node->slot, &kept, sizeof kept);
 }
@@ -336,7 +336,7 @@ void setOwnText(Node* node, std::string_view text) {
   const bool pooled = text.size() > Node::inlineText;
   char* kept = nullptr;
   if (pooled) {
-    kept = static_cast<char*>(poolAllocate(text.size()));
+    kept = static_cast<char*>(RTPool::allocate(text.size()));
     std::memcpy(kept, text.data(), text.size());
   }
   char* const old = node->length > Node::inlineText ? const_cast<char*>(node->ownText().data()) : nullptr;
@@ -349,7 +349,7 @@ void setOwnText(Node* node, std::string_view text) {
   }
   std::memcpy(node->slot, slot, sizeof slot);
   node->length = static_cast<std::uint32_t>(text.size());
-  if (old != nullptr) poolFree(old, oldLength);
+  if (old != nullptr) RTPool::free(old, oldLength);
 }
 
 void linkLast(Node* parent, Node* child) noexcept {

@@ -8,6 +8,8 @@
 #include <limits>
 #include <new>
 
+#include "rt/RTPool.h"
+
 namespace {
 
 // Little-endian by arithmetic, so that a text has one hash on every machine; compilers make one load of it.
@@ -89,6 +91,9 @@ struct ApiPmIdTable {
   std::size_t count = 0;
   Numbers numbers;
 
+  static constexpr std::size_t head = offsetof(Entry, number) + sizeof(Entry::number);
+  static std::size_t sizeOf(std::size_t length) { return std::max(sizeof(Entry), head + length); }
+
   Entry* find(std::string_view text, std::uint64_t hash) const noexcept {
     if (!slots) return nullptr;
     for (Entry* entry = slots[hash & mask]; entry; entry = entry->next) {
@@ -100,18 +105,17 @@ struct ApiPmIdTable {
   Entry* add(std::string_view text, std::uint64_t hash) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
     if (!slots || count > mask / 2) grow();
-    constexpr std::size_t head = offsetof(Entry, number) + sizeof(Entry::number);
-    void* memory = std::malloc(std::max(sizeof(Entry), head + text.size()));
-    if (!memory) throw std::bad_alloc();
-    Entry*& slot = slots[hash & mask];
-    auto* entry = new (memory) Entry{slot, hash, 0, static_cast<std::uint32_t>(text.size()), 0};
-    std::memcpy(static_cast<char*>(memory) + head, text.data(), text.size());
+    const std::uint32_t number = numbers.take();
+    void* memory;
     try {
-      entry->number = numbers.take();
+      memory = RTPool::allocate(sizeOf(text.size()));
     } catch (...) {
-      std::free(memory);
+      numbers.giveBack(number);
       throw;
     }
+    Entry*& slot = slots[hash & mask];
+    auto* entry = new (memory) Entry{slot, hash, 0, static_cast<std::uint32_t>(text.size()), number};
+    std::memcpy(static_cast<char*>(memory) + head, text.data(), text.size());
     slot = entry;
     ++count;
     return entry;
@@ -122,7 +126,7 @@ struct ApiPmIdTable {
     while (*link != entry) link = &(*link)->next;
     *link = entry->next;
     numbers.giveBack(entry->number);
-    std::free(entry);
+    RTPool::free(entry, sizeOf(entry->length));
     --count;
   }
 

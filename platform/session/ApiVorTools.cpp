@@ -5,11 +5,14 @@
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "session/IdMap.h"
 
+namespace {
+struct Number {
+  ApiPmInternalId number;
+  bool pending = false;
+};
+}  // namespace
+
 struct ApiVorToolsIdConverter::Pairs {
-  struct Number {
-    ApiPmInternalId number;
-    bool pending = false;
-  };
   IdMap<Number> numbers;
   NumberMap ids;
   std::int32_t nextPending = -1;
@@ -40,7 +43,7 @@ void ApiVorToolsIdConverter::insertIdPair(const ApiPmInternalId& number, const A
 }
 
 bool ApiVorToolsIdConverter::apiPmIdToApiPmInternalId(const ApiPmId& id, ApiPmInternalId& number) const {
-  const Pairs::Number* found = pairs_->numbers.find(id);
+  const Number* found = pairs_->numbers.find(id);
   if (found) number = found->number;
   return found != nullptr;
 }
@@ -68,7 +71,7 @@ bool ApiVorToolsIdConverter::apiPmIdsToApiPmInternalIds(const ApiPmIdList& ids,
 }
 
 bool ApiVorToolsIdConverter::isPending(const ApiPmId& id) const {
-  const Pairs::Number* found = pairs_->numbers.find(id);
+  const Number* found = pairs_->numbers.find(id);
   return found && found->pending;
 }
 

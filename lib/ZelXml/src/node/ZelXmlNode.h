@@ -2,6 +2,7 @@
 
 #include "api/ApiPmIds.h"
 #include "dom/IXMLDOMElement.h"
+#include "rt/RTPool.h"
 #include "rt/RTTran3D.h"
 #include "zel/ZelNode.h"
 #include "zel/ZelVorLabel.h"
@@ -24,7 +25,7 @@ struct ZelXmlCreationRecord {
 //
 // Operations answer false at the first step that fails; the steps before it stand. A publication that fails
 // makes the answer false with the study document already changed.
-class ZelXmlNode {
+class ZelXmlNode : public RTPooled {
  public:
   ZelXmlNode() = default;
   ZelXmlNode(const ZelXmlNode&) = delete;

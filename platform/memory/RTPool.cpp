@@ -1,4 +1,4 @@
-#include "DomPool.h"
+#include "rt/RTPool.h"
 
 #include <sys/mman.h>
 
@@ -7,19 +7,25 @@
 #include <cstdlib>
 #include <new>
 
-namespace dom {
-
 #if defined(__SANITIZE_ADDRESS__)
+#define ZELXML_PLAIN_MALLOC
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZELXML_PLAIN_MALLOC
+#endif
+#endif
 
-void* poolAllocate(std::size_t bytes) {
+#ifdef ZELXML_PLAIN_MALLOC
+
+void* RTPool::allocate(std::size_t bytes) {
   void* memory = std::malloc(bytes);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
 
-void poolFree(void* memory, std::size_t) noexcept { std::free(memory); }
+void RTPool::free(void* memory, std::size_t) noexcept { std::free(memory); }
 
-std::size_t poolHeld() noexcept { return 0; }
+std::size_t RTPool::held() noexcept { return 0; }
 
 #else
 
@@ -70,6 +76,7 @@ struct Slab {
 };
 
 List<Slab> roomy[largest / 8 + 1];
+bool begun[largest / 8 + 1];  // sizes that have had a slab
 List<Chunk> chunks;
 std::size_t mapped = 0;
 Chunk* spare =
@@ -112,8 +119,10 @@ Slab* openSlab(std::size_t size) {
   if (chunk->freeSlabs == 0) chunks.remove(chunk);
   char* const base = reinterpret_cast<char*>(chunk) + static_cast<std::size_t>(index) * slabBytes;
 #ifdef MADV_POPULATE_WRITE
-  // All pages of a slab at once: a wish that saves a page fault each.
-  ::madvise(base, slabBytes, MADV_POPULATE_WRITE);
+  // All pages of a slab at once: a wish that saves a page fault each. Not of the first one of a size, which
+  // may never fill.
+  if (begun[size / 8]) ::madvise(base, slabBytes, MADV_POPULATE_WRITE);
+  begun[size / 8] = true;
 #endif
   Slab* const slab = slabOf(base);
   char* const fresh = reinterpret_cast<char*>(slab + 1);
@@ -140,7 +149,7 @@ void closeSlab(Slab* slab) noexcept {
 
 }  // namespace
 
-void* poolAllocate(std::size_t bytes) {
+void* RTPool::allocate(std::size_t bytes) {
   if (bytes > largest) {
     void* memory = std::malloc(bytes);
     if (memory == nullptr) throw std::bad_alloc();
@@ -161,7 +170,7 @@ void* poolAllocate(std::size_t bytes) {
   return memory;
 }
 
-void poolFree(void* memory, std::size_t bytes) noexcept {
+void RTPool::free(void* memory, std::size_t bytes) noexcept {
   if (bytes > largest) {
     std::free(memory);
     return;
@@ -173,8 +182,6 @@ void poolFree(void* memory, std::size_t bytes) noexcept {
   if (--slab->live == 0) closeSlab(slab);
 }
 
-std::size_t poolHeld() noexcept { return mapped; }
+std::size_t RTPool::held() noexcept { return mapped; }
 
 #endif
-
-}  // namespace dom

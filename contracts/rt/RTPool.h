@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+
+// Memory for the many small things of a study: nodes, texts, ids, entries of tables. Sizes up to 256 bytes
+// come from slabs of one size each, so a thing costs its bytes and no header; what is larger goes to malloc.
+// An empty slab is used again for any size, and memory whose slabs are all empty goes back to the system.
+// Once a study is large the pool asks for huge pages. Under AddressSanitizer all of it is plain malloc, so
+// that every use after free shows.
+//
+// Not locked: what is in it belongs to one thread at a time, as documents and ids do.
+struct RTPool {
+  static void* allocate(std::size_t bytes);  // throws std::bad_alloc
+  // `bytes` as it was asked for.
+  static void free(void* memory, std::size_t bytes) noexcept;
+  // Bytes of address space held for slabs; 0 under AddressSanitizer.
+  static std::size_t held() noexcept;
+};
+
+// A base for classes of which a study has many objects: they come from the pool.
+struct RTPooled {
+  static void* operator new(std::size_t bytes) { return RTPool::allocate(bytes); }
+  static void operator delete(void* memory, std::size_t bytes) noexcept { RTPool::free(memory, bytes); }
+};
