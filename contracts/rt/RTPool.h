@@ -3,10 +3,10 @@
 #include <cstddef>
 
 // Memory for the many small things of a study: nodes, texts, ids, entries of tables. Sizes up to 256 bytes
-// come from slabs of one size each, so a thing costs its bytes and no header; what is larger goes to malloc.
-// An empty slab is used again for any size, and memory whose slabs are all empty goes back to the system.
-// Once a study is large the pool asks for huge pages. Under AddressSanitizer all of it is plain malloc, so
-// that every use after free shows.
+// come from slabs of one size each, so a thing costs its bytes and no header; what is larger goes to malloc,
+// or from 2 MB on to the system. An empty slab is used again for any size, and memory whose slabs are all
+// empty goes back to the system. Once a study is large the pool asks for huge pages. Under AddressSanitizer
+// all of it is plain malloc, so that every use after free shows.
 //
 // Not locked: what is in it belongs to one thread at a time, as documents and ids do.
 struct RTPool {

@@ -94,19 +94,28 @@ Slab* slabOf(void* memory) noexcept {
   return reinterpret_cast<Slab*>(base + (first ? sizeof(Chunk) : 0));
 }
 
-Chunk* mapChunk() {
+// At a multiple of a chunk's size.
+void* mapAligned(std::size_t bytes, bool hugePages) {
   void* const got =
-      ::mmap(nullptr, 2 * chunkBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+      ::mmap(nullptr, bytes + chunkBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
   if (got == MAP_FAILED) throw std::bad_alloc();
   char* const from = static_cast<char*>(got);
   const std::size_t before = (chunkBytes - address(from) % chunkBytes) % chunkBytes;
   if (before != 0) ::munmap(from, before);
-  ::munmap(from + before + chunkBytes, chunkBytes - before);
-  mapped += chunkBytes;
-  // In a large study most of what a read costs is to find the page: a huge one is found at once.
-  if (mapped > ownPagesUpTo) ::madvise(from + before, chunkBytes, MADV_HUGEPAGE);
-  return new (from + before) Chunk{nullptr, nullptr, allFree};
+  ::munmap(from + before + bytes, chunkBytes - before);
+  if (hugePages) ::madvise(from + before, bytes, MADV_HUGEPAGE);
+  return from + before;
 }
+
+Chunk* mapChunk() {
+  // In a large study most of what a read costs is to find the page: a huge one is found at once.
+  void* const chunk = mapAligned(chunkBytes, mapped >= ownPagesUpTo);
+  mapped += chunkBytes;
+  return new (chunk) Chunk{nullptr, nullptr, allFree};
+}
+
+// Whole chunks, for what is as large as that.
+std::size_t inChunks(std::size_t bytes) { return (bytes + chunkBytes - 1) / chunkBytes * chunkBytes; }
 
 Slab* openSlab(std::size_t size) {
   if (chunks.head == nullptr) {
@@ -150,6 +159,7 @@ void closeSlab(Slab* slab) noexcept {
 }  // namespace
 
 void* RTPool::allocate(std::size_t bytes) {
+  if (bytes >= chunkBytes) return mapAligned(inChunks(bytes), true);
   if (bytes > largest) {
     void* memory = std::malloc(bytes);
     if (memory == nullptr) throw std::bad_alloc();
@@ -171,6 +181,10 @@ void* RTPool::allocate(std::size_t bytes) {
 }
 
 void RTPool::free(void* memory, std::size_t bytes) noexcept {
+  if (bytes >= chunkBytes) {
+    ::munmap(memory, inChunks(bytes));
+    return;
+  }
   if (bytes > largest) {
     std::free(memory);
     return;

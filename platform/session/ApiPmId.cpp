@@ -132,8 +132,8 @@ struct ApiPmIdTable {
 
   void grow() {
     const std::size_t size = slots ? (mask + 1) * 4 : 4096;
-    auto* bigger = static_cast<Entry**>(std::calloc(size, sizeof(Entry*)));
-    if (!bigger) throw std::bad_alloc();
+    auto* bigger = static_cast<Entry**>(RTPool::allocate(size * sizeof(Entry*)));
+    std::fill_n(bigger, size, nullptr);
     for (std::size_t i = 0; slots && i <= mask; ++i) {
       for (Entry* entry = slots[i]; entry;) {
         Entry* next = entry->next;
@@ -143,7 +143,7 @@ struct ApiPmIdTable {
         entry = next;
       }
     }
-    std::free(slots);
+    if (slots) RTPool::free(slots, (mask + 1) * sizeof(Entry*));
     slots = bigger;
     mask = size - 1;
   }
