@@ -39,7 +39,8 @@ class IXMLDOMDocument : public IXMLDOMNode {
   // Replace the content of this document by what the file, stream or text holds. Handles to former nodes
   // stay good, detached. A false result leaves the document as it was and tells file, line, column and
   // reason: text that is not well-formed or mis-encoded, a document type declaration, more than maxDepth
-  // levels, a file that cannot be read. Reading streams: the text is never held whole beside the tree.
+  // levels or maxAttributes attributes of an element, a file that cannot be read. Reading streams: the text
+  // is never held whole beside the tree.
   bool load(const std::string& fileName, DomError* error = nullptr) const;
   bool load(std::istream& stream, DomError* error = nullptr) const;
   bool loadXML(std::string_view text, DomError* error = nullptr) const;

@@ -128,8 +128,10 @@ class IXMLDOMNode {
   // Value of an attribute without a copy; the view is good until the attribute changes. False when absent.
   bool getAttribute(std::string_view name, std::string_view& value) const;
   // Puts a detached attribute node on this element, in place of one of its name. False for a node that is
-  // not an attribute or stands on another element, and on anything but an element.
+  // not an attribute or stands on another element, on anything but an element, and on one that has
+  // maxAttributes others.
   bool setAttributeNode(const IXMLDOMNode& attribute) const;
+  // False for a name or value that XML cannot hold, on anything but an element, and beyond maxAttributes.
   bool setAttribute(std::string_view name, std::string_view value) const;
   bool removeAttribute(std::string_view name) const;
 
@@ -148,6 +150,9 @@ class IXMLDOMNode {
 
   // Most levels of elements that a document may have, in reading and in building.
   static constexpr int maxDepth = 1000;
+  // Most attributes of an element. Names are compared with each other: without a limit, one tag of a hostile
+  // file would take hours.
+  static constexpr int maxAttributes = 10'000;
 
  protected:
   explicit IXMLDOMNode(dom::Node* node) noexcept : node_(node) { acquire(node_); }

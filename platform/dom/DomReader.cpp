@@ -19,6 +19,10 @@ std::string_view view(const xmlChar* text) noexcept {
   return text != nullptr ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
 }
 
+std::string tooManyAttributes() {
+  return "an element has more than " + std::to_string(IXMLDOMNode::maxAttributes) + " attributes";
+}
+
 // The parser's events, built into a tree. Names come qualified as they are written (the parser's first
 // interface), so that prefixes and namespace declarations are plain text to us. The parser pulls its bytes:
 // it then gives a comment or a CDATA section in one piece.
@@ -58,6 +62,7 @@ class Reader {
   static void onError(void* data, xmlErrorPtr error);
 
   void refuse(std::string reason);
+  void failHere(std::string reason);
   void fail(unsigned line, unsigned column, std::string reason);
   void declaration();
   void startElement(const xmlChar* name, const xmlChar** attributes);
@@ -88,6 +93,12 @@ class Reader {
 int Reader::readBytes(void* data, char* to, int size) {
   Reader& reader = self(data);
   if (reader.failed_) return -1;
+  // Asked for more in the middle of a tag: the parser has doubled its room for attributes, two places for
+  // each, and compares each name with all before it.
+  if (reader.parser_ != nullptr && reader.parser_->maxatts > 4 * IXMLDOMNode::maxAttributes) {
+    reader.failHere(tooManyAttributes());
+    return -1;
+  }
   std::ptrdiff_t got = -1;
   try {
     got = reader.source_.read(to, static_cast<std::size_t>(size));
@@ -153,9 +164,13 @@ void Reader::fail(unsigned line, unsigned column, std::string reason) {
   error_.reason = std::move(reason);
 }
 
-void Reader::refuse(std::string reason) {
+void Reader::failHere(std::string reason) {
   fail(static_cast<unsigned>(parser_->input->line), static_cast<unsigned>(parser_->input->col),
        std::move(reason));
+}
+
+void Reader::refuse(std::string reason) {
+  failHere(std::move(reason));
   xmlStopParser(parser_);
 }
 
@@ -224,7 +239,11 @@ void Reader::startElement(const xmlChar* name, const xmlChar** attributes) {
   linkLast(current_, element);
   current_ = element;
   element->setLine(lineOfTag());
-  for (; attributes != nullptr && attributes[0] != nullptr; attributes += 2) {
+  for (int count = 0; attributes != nullptr && attributes[0] != nullptr; attributes += 2) {
+    if (++count > IXMLDOMNode::maxAttributes) {
+      refuse(tooManyAttributes());
+      return;
+    }
     const std::string_view value = view(attributes[1]);
     if (value.size() > longestText) {
       refuse("an attribute value is too long");

@@ -22,6 +22,13 @@ bool isDeclaration(const Node* node) {
 // Whether a document that has a `child` of this kind already takes no other one.
 bool onlyOne(const Node* child) { return child->isElement() || isDeclaration(child); }
 
+// Whether an element has room for another attribute.
+bool takesAttribute(const Node* element) {
+  int count = 0;
+  for (const Node* a = dom::firstAttribute(element); a != nullptr; a = a->next) ++count;
+  return count < IXMLDOMNode::maxAttributes;
+}
+
 bool takes(const Node* parent, const Node* child) {
   if (!parent->takesChildren() || child->type == NODE_ATTRIBUTE || child->type == NODE_DOCUMENT) return false;
   for (const Node* up = parent; up != nullptr; up = up->parent) {
@@ -184,6 +191,7 @@ bool IXMLDOMNode::setAttributeNode(const IXMLDOMNode& attribute) const {
     return false;
   if (node->parent == node_) return true;
   if (node->parent != nullptr) return false;
+  if (dom::findAttribute(node_, node->name) == nullptr && !takesAttribute(node_)) return false;
   dom::putAttribute(node_, node);
   return true;
 }
@@ -194,7 +202,7 @@ bool IXMLDOMNode::setAttribute(std::string_view name, std::string_view value) co
     dom::changeValue(present, value);
     return true;
   }
-  if (!dom::validName(name)) return false;
+  if (!dom::validName(name) || !takesAttribute(node_)) return false;
   Node* const attribute = dom::newNode(NODE_ATTRIBUTE, dom::internName(name));
   dom::setOwnText(attribute, value);
   dom::putAttribute(node_, dom::adopt(attribute, dom::documentOf(node_)));

@@ -42,6 +42,8 @@ TEST_F(DomReading, RefusesWithThePlaceAndLeavesTheDocument) {
   std::string deep, tooDeep;
   for (int i = 0; i < 1000; ++i) deep += "<e>\n";
   tooDeep = deep + "<e/>";
+  std::string tooWide = "<a";
+  for (int i = 0; i <= IXMLDOMNode::maxAttributes; ++i) tooWide += "\na" + std::to_string(i) + "=''";
   const Case cases[] = {
       {"", 1, "no XML"},
       {"<a>\n<b>\n</a>", 3, "the element b of line 2"},
@@ -58,6 +60,7 @@ TEST_F(DomReading, RefusesWithThePlaceAndLeavesTheDocument) {
       {"<?xml version='1.0' encoding='klingon'?><a/>", 1, "klingon"},
       {"<!DOCTYPE a [<!ENTITY x 'y'><!ENTITY z '&x;&x;'>]><a>&z;</a>", 1, "document type"},
       {tooDeep, 1001, "1000 levels"},
+      {tooWide + "/>", 10002, "10000 attributes"},
   };
   const IXMLDOMDocument document = parsed("<old/>");
   const std::uint32_t stamp = document.changeStamp();
