@@ -8,27 +8,22 @@ namespace {
 
 std::string layout(const std::string& id, const std::string& x, const std::string& absoluteX,
                    const std::string& children = {}) {
-  const std::string absolute = "<NodeInfo><absoluteLocation><x>" + absoluteX +
-                               "</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo>";
-  return "<PmLayout ExternalId=\"" + id + "\"><location><item>" + x +
-         "</item><item/><item/></location><rotation><item/><item/><item/></rotation><children>" + children +
-         "</children>" + (absoluteX.empty() ? "" : absolute) + "</PmLayout>";
+  const std::string zeros = "<item/><item/><item/>";
+  const std::string absolute =
+      field("NodeInfo", field("absoluteLocation", field("x", absoluteX) + "<y/><z/><rx/><ry/><rz/>"));
+  return bare("PmLayout", id,
+              field("location", item(x) + "<item/><item/>") + field("rotation", zeros) +
+                  field("children", children) + (absoluteX.empty() ? "" : absolute));
 }
 
 std::string name(const char* prefix, int number) {
   return std::string(prefix).append(std::to_string(number));
 }
 
-std::string item(const std::string& id) { return "<item>" + id + "</item>"; }
-
 class DocumentTransforms : public DocumentTest {
  protected:
-  std::string absoluteX(std::string_view id) const {
-    return at(element(id), "NodeInfo/absoluteLocation/x").text();
-  }
+  std::string absoluteX(std::string_view id) const { return text(id, "NodeInfo/absoluteLocation/x"); }
 };
-
-RTTran3D along(double x) { return RTTran3D({x, 0, 0}, {}); }
 
 }  // namespace
 
@@ -69,7 +64,7 @@ TEST_F(DocumentTransforms, AMoveWithinRoundingChangesNothing) {
   EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), RTTran3D({1e-10, 0, 0}, {0, 0, -1e-10})));
   EXPECT_EQ(objects(), before);
   EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), RTTran3D({0, 0, 0}, {0, 0, 1e-6})));
-  EXPECT_EQ(at(element("a"), "rotation").text(), "0.0000000.0000000.000001");
+  EXPECT_EQ(text("a", "rotation"), "0.0000000.0000000.000001");
 }
 
 TEST_F(DocumentTransforms, PropagationEndsAtTheFirstLayoutThatCannotBeWritten) {

@@ -17,9 +17,9 @@ TEST_F(DocumentLongLists, PublishingPatchesNothingThatItShouldCopy) {
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);
   std::string items;
-  for (int i = 0; i < 100; ++i) items += "<item>c" + std::to_string(i) + "</item>";
-  open("<P ExternalId=\"p\"><name>n</name><children>" + items + "</children><info>" + items +
-       "</info><layout/></P><Q ExternalId=\"q\"/>");
+  for (int i = 0; i < 100; ++i) items += item("c" + std::to_string(i));
+  open(bare("P", "p", "<name>n</name>" + field("children", items) + field("info", items) + "<layout/>") +
+       bare("Q", "q"));
   const IXMLDOMNode p = element("p"), q = element("q");
   ASSERT_TRUE(zelXmlPublishUpdate(out, p));
   int made = 0;
