@@ -1,6 +1,6 @@
 #pragma once
 
-#include <initializer_list>
+#include <sstream>
 #include <string>
 
 // Pieces of study documents, written as a save writes them.
@@ -10,10 +10,15 @@ inline std::string field(const std::string& name, const std::string& content = "
   return content.empty() ? "<" + name + "/>" : "<" + name + ">" + content + "</" + name + ">";
 }
 inline std::string item(const std::string& id) { return field("item", id); }
-inline std::string items(std::initializer_list<const char*> ids) {
+// Lists are written as the words that they hold.
+inline std::string items(const std::string& words) {
+  std::istringstream stream(words);
   std::string text;
-  for (const char* id : ids) text += item(id);
+  for (std::string word; stream >> word;) text += item(word);
   return text;
+}
+inline std::string listOf(const std::string& name, const std::string& words) {
+  return field(name, items(words));
 }
 inline std::string familyOf(const std::string& name) { return field("NodeInfo", field("family", name)); }
 
@@ -40,27 +45,25 @@ inline std::string updates(const std::string& content) {
 inline std::string part(const std::string& id, const std::string& parents, const std::string& children) {
   const bool isInstance = children == "-";
   return made(isInstance ? "PmPartInstance" : "PmCompoundPart", id, "Product",
-              field("name", id) + field("parents", parents) +
-                  (isInstance ? "" : field("children", children)) + field("layout", "L" + id));
+              field("name", id) + listOf("parents", parents) +
+                  (isInstance ? "" : listOf("children", children)) + field("layout", "L" + id));
 }
 // A layout object at these relative and absolute positions, without rotation.
 inline std::string layout(const std::string& id, const std::string& node, const std::string& parent,
                           const std::string& children, int relative, int absolute) {
-  const auto along = [](int x) {
-    return item(std::to_string(x) + ".000000") + item("0.000000") + item("0.000000");
-  };
+  const auto along = [](int x) { return items(std::to_string(x) + ".000000 0.000000 0.000000"); };
   const std::string zeros =
       "<y>0.000000</y><z>0.000000</z><rx>0.000000</rx><ry>0.000000</ry><rz>0.000000</rz>";
   return bare("PmLayout", id,
-              field("location", along(relative)) + field("rotation", along(0)) + field("children", children) +
-                  field("parent", parent) + field("node", node) +
+              field("location", along(relative)) + field("rotation", along(0)) +
+                  listOf("children", children) + field("parent", parent) + field("node", node) +
                   field("NodeInfo", field("family", "PmLayout") +
                                         field("absoluteLocation",
                                               field("x", std::to_string(absolute) + ".000000") + zeros)));
 }
 
 inline std::string studyOf(const std::string& id, const std::string& shortcuts, const std::string& infos) {
-  return made("MarvekStudy", id, "Study", field("children", shortcuts) + field("info", infos));
+  return made("MarvekStudy", id, "Study", listOf("children", shortcuts) + listOf("info", infos));
 }
 inline std::string shortcutTo(const std::string& id, const std::string& link, const std::string& parent) {
   return made("PmShortcut", id, "Shortcut", field("parent", parent) + field("linkExternalID", link));

@@ -8,10 +8,10 @@ class DocumentListEdits : public DocumentTest {
  protected:
   void SetUp() override {
     DocumentTest::SetUp();
-    open(withLists(item("a"), "") + bare("PmStudyLayout", "bare"));
+    open(withLists("a", "") + bare("PmStudyLayout", "bare"));
   }
   static std::string withLists(const std::string& children, const std::string& parents) {
-    return bare("P", "p", field("children", children) + field("parents", parents) + "<parent>q</parent>");
+    return bare("P", "p", listOf("children", children) + listOf("parents", parents) + "<parent>q</parent>");
   }
 };
 
@@ -24,7 +24,7 @@ TEST_F(DocumentListEdits, AnIdStandsOnceInAList) {
     EXPECT_TRUE(zelXmlContainsChild(p, ApiPmId(id)));
     EXPECT_FALSE(zelXmlAddChildItem(bare, ApiPmId(id)) || zelXmlAddParentItem(bare, ApiPmId(id)));
   }
-  EXPECT_EQ(p.xml(), withLists(items({"a", "b"}), items({"a", "b"})));
+  EXPECT_EQ(p.xml(), withLists("a b", "a b"));
 }
 
 // Long lists are remembered between calls: whoever changes them besides must not go unseen.

@@ -9,7 +9,7 @@ using namespace document_test;
 namespace {
 
 std::string equipment(const std::string& id, const std::string& children) {
-  return made("PmEquipmentPrototype", id, "EquipmentPrototype", field("children", children));
+  return made("PmEquipmentPrototype", id, "EquipmentPrototype", listOf("children", children));
 }
 std::string occurrence(const std::string& type, const std::string& id, const std::string& holder) {
   return made(type, id, "Resource",
@@ -44,7 +44,7 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
             bare("PmToolInstance", "new1",
                  "<name/><layout>new2</layout>" + familyOf("Resource") +
                      "<prototype>tool</prototype><parentPrototype>E</parentPrototype>"));
-  EXPECT_EQ(element("E").xml(), equipment("E", item("new1")));
+  EXPECT_EQ(element("E").xml(), equipment("E", "new1"));
   EXPECT_EQ(text("new2", "parent"), "NULL");
   EXPECT_EQ(parentOf("new1"), "E");
   EXPECT_EQ(updated(), "E new1");
@@ -72,9 +72,8 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
 }
 
 TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
-  build(equipment("E", items({"O", "P"})) + equipment("F", "") + tool +
-        occurrence("PmToolInstance", "O", "E") + layout("LO", "O", "NULL", "", 0, 0) +
-        occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
+  build(equipment("E", "O P") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
+        layout("LO", "O", "NULL", "", 0, 0) + occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
   publish();
   const RTTran3D place({1, 2, 3}, {0.1, 0.2, 0.3});
   EXPECT_TRUE(occurs(node("O")).setLocation(place));
@@ -98,8 +97,8 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
   EXPECT_EQ(updated(), "new1 F new3");
 
   // The copies before one that cannot be made stay.
-  build(equipment("E", items({"O", "A"})) + equipment("F", "") + tool +
-        occurrence("PmToolInstance", "O", "E") + layout("LO", "O", "NULL", "", 0, 0) + part("A", "", "-"));
+  build(equipment("E", "O A") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
+        layout("LO", "O", "NULL", "", 0, 0) + part("A", "", "-"));
   EXPECT_FALSE(wrapper->copyOccurrences(*node("E"), *node("F"))) << "A is no occurrence";
   EXPECT_EQ(list("F", "children").size(), std::string("new5").size());
   EXPECT_TRUE(wrapper->copyOccurrences(*node("E"), *node("tool"))) << "nothing to do";
@@ -120,8 +119,7 @@ TEST_F(EquipmentPrototypeTest, AnOccurrenceOfAnUpdateEntersItsEquipmentUnpublish
 }
 
 TEST_F(EquipmentPrototypeTest, WithoutAStableIdTheObjectsOwnIsTold) {
-  build(equipment("E", item("O")) +
-        made("PmEquipmentPrototypeOccurrence", "O", "Resource", "<cloneStableId/>"));
+  build(equipment("E", "O") + made("PmEquipmentPrototypeOccurrence", "O", "Resource", "<cloneStableId/>"));
   std::vector<std::string> lines;
   ApiLogLogger::instance()->setSink(
       [&](std::string_view category, std::string_view, int, int level, std::string_view text) {

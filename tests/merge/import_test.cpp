@@ -66,7 +66,7 @@ TEST_F(ImportTest, TheKindOfImportChoosesTheObjects) {
       made("PmLayout", "other", "PmLayout") + made("PmToolPrototype", "T", "ToolPrototype") +
       made("PmToolInstance", "RT", "Resource", "<parents/>" + field("prototype", "T")) +
       made("PmToolboxUsage", "U", "PmToolboxUsage") + made("Label", "N", "Label") +
-      made("PmOperation", "O", "Operation") + studyOf("S2", items({"KX"}), items({"I"}));
+      made("PmOperation", "O", "Operation") + studyOf("S2", "KX", "I");
   const struct {
     std::uint32_t type;
     bool parts, resources;
@@ -90,12 +90,10 @@ TEST_F(ImportTest, TheKindOfImportChoosesTheObjects) {
 }
 
 TEST_F(ImportTest, StudiesMergeTheirLists) {
-  const std::string ours = studyOf("S", items({"s1", "s2"}), items({"i1", "i2"})) +
-                           shortcutTo("s1", "A", "S") + shortcutTo("s2", "A", "S") +
-                           made("PmCompoundPart", "A", "Product", "<children/>");
+  const std::string ours = studyOf("S", "s1 s2", "i1 i2") + shortcutTo("s1", "A", "S") +
+                           shortcutTo("s2", "A", "S") + made("PmCompoundPart", "A", "Product", "<children/>");
   const std::string theirs =
-      studyOf("T", items({"s2", "s3", "s3"}), items({"i2", "i3", "i4"})) + shortcutTo("s2", "B", "other") +
-      shortcutTo("s3", "B", "T") +
+      studyOf("T", "s2 s3 s3", "i2 i3 i4") + shortcutTo("s2", "B", "other") + shortcutTo("s3", "B", "T") +
       made("PmCompoundPart", "B", "Product", "<parents/><children/><layout>LB</layout>") +
       infoWith("i3", "l3") + made("PmStudyLayout", "l3", "PmStudyLayout");
   build(ours);
@@ -109,7 +107,7 @@ TEST_F(ImportTest, StudiesMergeTheirLists) {
   EXPECT_EQ(import->marvekStudyInfoToLayoutMap().find(ApiPmId("i3"))->value.text(), "l3");
   EXPECT_EQ(import->layoutToMarvekStudyInfoMap().find(ApiPmId("l3"))->value.text(), "i3");
   EXPECT_EQ(joined(import->relatedLayoutIds()), "l3 LB l3") << "once more for the shortcut";
-  EXPECT_EQ(object(external, "S").xml(), studyOf("S", item("s2"), item("i2")));
+  EXPECT_EQ(object(external, "S").xml(), studyOf("S", "s2", "i2"));
   EXPECT_EQ(at(object(external, "i3"), "NodeInfo/family").text(), "MarvekStudyInfo");
 
   // Where the study itself is taken over, its element is what the moves have left of the other one.
@@ -126,17 +124,17 @@ TEST_F(ImportTest, StudiesMergeTheirLists) {
 TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
   std::string children;
   for (const std::string id : {"X", "Y", "Z", "V"})
-    children += part(id, item("A"), "-") + layout("L" + id, id, "LA", "", 0, 0);
-  build(part("A", "", items({"X", "Y", "Z", "V"})) + part("B", "", "") + children +
-        layout("LA", "A", "NULL", items({"LX", "LY", "LZ", "LV"}), 0, 0) +
-        layout("LB", "B", "NULL", "", 0, 0) + made("PmShortcut", "K", "Shortcut", "<parent>old</parent>") +
+    children += part(id, "A", "-") + layout("L" + id, id, "LA", "", 0, 0);
+  build(part("A", "", "X Y Z V") + part("B", "", "") + children +
+        layout("LA", "A", "NULL", "LX LY LZ LV", 0, 0) + layout("LB", "B", "NULL", "", 0, 0) +
+        made("PmShortcut", "K", "Shortcut", "<parent>old</parent>") +
         made("PmToolboxUsage", "U", "PmToolboxUsage", "<name>old</name>"));
   publish();
   const ZelNode* a = node("A");
   // X is gone, Y has moved to B, C is new below B, Z has no parent any more. V names A, but is taken before A
   // comes without it.
-  give(part("B", "", item("Y")) + part("Z", "", "-") + part("V", item("A"), "-") + part("A", "", "") +
-           part("Y", item("B"), "-") + part("C", item("B"), "-") + layout("LC", "C", "LB", "", 7, 7) +
+  give(part("B", "", "Y") + part("Z", "", "-") + part("V", "A", "-") + part("A", "", "") +
+           part("Y", "B", "-") + part("C", "B", "-") + layout("LC", "C", "LB", "", 7, 7) +
            layout("LB", "B", "NULL", "", 5, 5) + made("PmShortcut", "K", "Shortcut", "<parent>new</parent>") +
            made("PmToolboxUsage", "U", "PmToolboxUsage", "<name>new</name>") + partWithoutId,
        0);
@@ -156,11 +154,8 @@ TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
 }
 
 TEST_F(ImportTest, ANewParentCountsForItsChildren) {
-  build(part("A", "", item("X")) + part("X", item("A"), "-") + part("Y", "", "-") +
-        layout("LA", "A", "NULL", "", 0, 0));
-  give(part("N", item("A"), items({"X", "Y", "M"})) + part("M", item("N"), "-") +
-           layout("LN", "N", "LA", "", 0, 0),
-       2);
+  build(part("A", "", "X") + part("X", "A", "-") + part("Y", "", "-") + layout("LA", "A", "NULL", "", 0, 0));
+  give(part("N", "A", "X Y M") + part("M", "N", "-") + layout("LN", "N", "LA", "", 0, 0), 2);
   EXPECT_EQ(run(), "N M LN");
   EXPECT_EQ(list("A", "children"), "X N") << "the former parent still lists the child";
   EXPECT_EQ(parentsOf({"X", "Y", "M", "N"}), "N N N A");
@@ -174,7 +169,7 @@ TEST_F(ImportTest, AnOccurrenceStaysInItsEquipment) {
     return made("PmEquipmentPrototypeOccurrence", "O", "Resource",
                 field("name", name) + field("prototype", "T") + field("parentPrototype", "E"));
   };
-  build(made("PmEquipmentPrototype", "E", "EquipmentPrototype", field("children", items({"O"}))) +
+  build(made("PmEquipmentPrototype", "E", "EquipmentPrototype", listOf("children", "O")) +
         made("PmToolPrototype", "T", "ToolPrototype") + occurrence("old"));
   give(occurrence("new"), 0);
   EXPECT_EQ(run(), "O");
@@ -231,10 +226,10 @@ TEST_F(ImportTest, WhatStopsARun) {
       // A shortcut without parent.
       {"", made("PmShortcut", "K", "Shortcut") + x, 0, "false: K", ""},
       // Lists of the studies that are out of step, or missing.
-      {"", studyOf("T", items({"s1", "s2"}), item("i1")), 0, "false: ", ""},
+      {"", studyOf("T", "s1 s2", "i1"), 0, "false: ", ""},
       {made("MarvekStudy", "S", "Study", "<children/>"), studyOf("T", "", ""), 0, "false: ", ""},
       // A lost child that the study does not have.
-      {made("PmCompoundPart", "A", "Product", field("children", item("gone"))),
+      {made("PmCompoundPart", "A", "Product", listOf("children", "gone")),
        made("PmCompoundPart", "A", "Product", "<children/>"), 0, "false: A", ""},
   };
   for (const auto& each : cases) {
@@ -249,10 +244,10 @@ TEST_F(ImportTest, WhatStopsARun) {
 
 TEST_F(ImportTest, ADryRunCollectsAndLeavesTheObjectsAlone) {
   const std::string rest =
-      part("A", "", item("X")) + instanceOf("X", "P") + prototype("P") + repOf("P") + fileOf("P", "old.cojt");
-  build(studyOf("S", item("s1"), item("i1")) + rest);
-  give(studyOf("T", item("s2"), item("i2")) + part("A", "", "") + instanceOf("X", "P") +
-           instanceOf("Y", "P") + prototype("P") + repOf("P") + fileOf("P", "new.cojt"),
+      part("A", "", "X") + instanceOf("X", "P") + prototype("P") + repOf("P") + fileOf("P", "old.cojt");
+  build(studyOf("S", "s1", "i1") + rest);
+  give(studyOf("T", "s2", "i2") + part("A", "", "") + instanceOf("X", "P") + instanceOf("Y", "P") +
+           prototype("P") + repOf("P") + fileOf("P", "new.cojt"),
        65536);
   EXPECT_EQ(run(), "S A X Y P RP FP");
   EXPECT_EQ(handledRoots(), "S A");
@@ -261,7 +256,7 @@ TEST_F(ImportTest, ADryRunCollectsAndLeavesTheObjectsAlone) {
                 joined(import->relatedReferenceFileIds()) + " " + joined(import->relatedLayoutIds()),
             "P RP FP LA LX");
   const std::string changed = std::string(rest).replace(rest.find("old.cojt"), 8, "new.cojt");
-  EXPECT_EQ(objects(), studyOf("S", items({"s1", "s2"}), items({"i1", "i2"})) + changed)
+  EXPECT_EQ(objects(), studyOf("S", "s1 s2", "i1 i2") + changed)
       << "list items move, and file names are written";
 }
 
@@ -309,7 +304,7 @@ class ImportThatRemovesPlcData : public Import {
 };
 
 TEST_F(ImportTest, NothingLeadsToANodeThatWentAway) {
-  build(part("A", "", item("R")) + made("PmCompoundResource", "R", "Resource", "<parents/><children/>"));
+  build(part("A", "", "R") + made("PmCompoundResource", "R", "Resource", "<parents/><children/>"));
   for (const char* id : {"plc", "kept"}) wrapper->insertNode(ApiPmId(id), (new PlcNode)->pmNode());
   // The walk ends on an object without id, so that R, which is not taken and goes, is the last one with node.
   give(part("A", "", "") + made("PmCompoundResource", "R", "Resource") + partWithoutId, 1, true, false);

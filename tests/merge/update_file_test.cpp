@@ -67,19 +67,19 @@ class UpdateFile : public StudyTest {
   const files_test::Folder folder;
   const std::string target = folder.path("study.xml");
   std::unique_ptr<ZelXmlUpdateXmlWrapper> file;
-  const std::string source = studyOf("S", item("K"), item("I")) + shortcutTo("K", "A", "S") +
-                             infoWith("I", "LI") + infoLayout("I", "new") + part("A", "", "");
-  const std::string lists = studyOf("S", item("K"), item("I"));
+  const std::string source = studyOf("S", "K", "I") + shortcutTo("K", "A", "S") + infoWith("I", "LI") +
+                             infoLayout("I", "new") + part("A", "", "");
+  const std::string lists = studyOf("S", "K", "I");
   const std::string shown = shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "new");
 };
 
 TEST_F(UpdateFile, AShownObjectIsReplacedWithAllBelowIt) {
-  give(source, data(lists + shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "old") +
-                    part("A", "", items({"X", "Y"})) + part("X", item("A"), item("Z")) +
-                    part("Z", item("X"), "-") + part("Y", item("A"), "-") + rootLayout(items({"LX", "LY"})) +
-                    layoutOf("X", "LA", item("LZ")) + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
-  const std::string tree = part("A", "", items({"Y", "N"})) + part("Y", item("A"), "-") +
-                           part("N", item("A"), "-") + rootLayout(items({"LY", "LN"})) + layoutOf("N", "LA");
+  give(source,
+       data(lists + shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "old") + part("A", "", "X Y") +
+            part("X", "A", "Z") + part("Z", "X", "-") + part("Y", "A", "-") + rootLayout("LX LY") +
+            layoutOf("X", "LA", "LZ") + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
+  const std::string tree = part("A", "", "Y N") + part("Y", "A", "-") + part("N", "A", "-") +
+                           rootLayout("LY LN") + layoutOf("N", "LA");
   const IXMLDOMDocument given = parse(data(tree));
   EXPECT_TRUE(update(given)) << file->lastFailure().text;
   EXPECT_EQ(content(), data(lists + layoutOf("Y", "LA") + tree + shown))
@@ -95,15 +95,14 @@ TEST_F(UpdateFile, AShownObjectIsReplacedWithAllBelowIt) {
 TEST_F(UpdateFile, AnObjectThatIsNotShownHangsOnItsParents) {
   // B has a place of its own in the target's study, and a parent: the place goes. The label is replaced.
   const auto label = [](const char* name) { return made("Label", "N", "Label", field("name", name)); };
-  give(source, data(studyOf("S", items({"KB", "K"}), items({"IB", "I"})) + shortcutTo("KB", "B", "S") +
-                    info("IB") + infoLayout("IB", "old") + shown + part("A", "", item("B")) +
-                    part("B", item("A"), "-") + rootLayout(item("LB")) + layoutOf("B", "LA") + label("old")));
-  const std::string given = part("B", items({"gone", "A"}), "-") + label("new") + part("C", item("A"), "-");
+  give(source, data(studyOf("S", "KB K", "IB I") + shortcutTo("KB", "B", "S") + info("IB") +
+                    infoLayout("IB", "old") + shown + part("A", "", "B") + part("B", "A", "-") +
+                    rootLayout("LB") + layoutOf("B", "LA") + label("old")));
+  const std::string given = part("B", "gone A", "-") + label("new") + part("C", "A", "-");
   expectUpdated(given + layoutOf("C", "LA"), "B");
   EXPECT_EQ(content(),
-            data(lists + shown + part("A", "", items({"C", "B"})) + rootLayout(items({"LC", "LB"})) +
-                 layoutOf("B", "LA") + part("B", items({"gone", "A"}), "-") + part("C", item("A"), "-") +
-                 label("new") + layoutOf("C", "LA")));
+            data(lists + shown + part("A", "", "C B") + rootLayout("LC LB") + layoutOf("B", "LA") +
+                 part("B", "gone A", "-") + part("C", "A", "-") + label("new") + layoutOf("C", "LA")));
   ApiPmId found;
   EXPECT_FALSE(file->findShortcut(ApiPmId("B"), found));
   const IXMLDOMDocument wrapped = file->zelXmlNodeFromId(ApiPmId("A"))->getXmlNode().ownerDocument();
@@ -120,16 +119,10 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
   };
   for (const Case& c : {Case{"K Q", "I R", "K Q", "I R"}, Case{"K Q", "J R", "Q K", "R I"},
                         Case{"Q", "R", "Q K", "R I"}, Case{"", "", "K", "I"}}) {
-    const auto list = [](const std::string& ids) {
-      std::istringstream words(ids);
-      std::string text;
-      for (std::string id; words >> id;) text += item(id);
-      return text;
-    };
-    give(source, data(studyOf("S", list(c.children), list(c.infos)) + part("A", "", "") + rootLayout("")));
+    give(source, data(studyOf("S", c.children, c.infos) + part("A", "", "") + rootLayout("")));
     expectUpdated(part("A", "", ""));
-    EXPECT_EQ(content(), data(studyOf("S", list(c.newChildren), list(c.newInfos)) + rootLayout("") +
-                              part("A", "", "") + shown))
+    EXPECT_EQ(content(),
+              data(studyOf("S", c.newChildren, c.newInfos) + rootLayout("") + part("A", "", "") + shown))
         << c.children;
   }
 }
@@ -137,22 +130,21 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
 TEST_F(UpdateFile, AnObjectThatLostAParentStaysWhileSomethingLeadsToIt) {
   // All three lose A: P has another parent, Q a shortcut, R only a parent that is not in the document.
   const auto text = [&](const std::string& a, const std::string& rest, const std::string& r) {
-    return data(studyOf("S", items({"KQ", "K"}), items({"IQ", "I"})) + shortcutTo("KQ", "Q", "S") +
-                part("B", "", item("P")) + rest + r + a);
+    return data(studyOf("S", "KQ K", "IQ I") + shortcutTo("KQ", "Q", "S") + part("B", "", "P") + rest + r +
+                a);
   };
-  give(source, text(part("A", "", items({"P", "Q", "R"})) + shown,
-                    part("P", items({"A", "B"}), "-") + part("Q", item("A"), "-"),
-                    part("R", items({"A", "gone"}), "-")));
+  give(source, text(part("A", "", "P Q R") + shown, part("P", "A B", "-") + part("Q", "A", "-"),
+                    part("R", "A gone", "-")));
   expectUpdated(part("A", "", ""));
-  EXPECT_EQ(content(), text(part("A", "", "") + shown, part("P", item("B"), "-") + part("Q", "", "-"), ""));
+  EXPECT_EQ(content(), text(part("A", "", "") + shown, part("P", "B", "-") + part("Q", "", "-"), ""));
 
   // A chain of orphans as long as a tree can be deep.
   constexpr int depth = 20000;
   std::string chain;
   for (int i = 1; i <= depth; ++i)
-    chain += part("C" + std::to_string(i), item(i == 1 ? "A" : "C" + std::to_string(i - 1)),
-                  item("C" + std::to_string(i + 1)));
-  give(source, data(lists + part("A", "", item("C1")) + chain));
+    chain += part("C" + std::to_string(i), i == 1 ? "A" : "C" + std::to_string(i - 1),
+                  "C" + std::to_string(i + 1));
+  give(source, data(lists + part("A", "", "C1") + chain));
   expectUpdated(part("A", "", ""));
   EXPECT_EQ(content(), data(lists + part("A", "", "") + shown));
 }
@@ -161,9 +153,8 @@ TEST_F(UpdateFile, AnObjectThatLostAParentStaysWhileSomethingLeadsToIt) {
 // finds it gone.
 TEST_F(UpdateFile, ChildrenOfAnOrphanAreJudgedInTheirOrder) {
   for (const bool isPFirst : {true, false}) {
-    give(source, data(lists + shown + part("A", "", item("O")) +
-                      part("O", item("A"), isPFirst ? items({"P", "Q"}) : items({"Q", "P"})) +
-                      part("P", item("O"), item("Q")) + part("Q", items({"O", "P"}), "-")));
+    give(source, data(lists + shown + part("A", "", "O") + part("O", "A", isPFirst ? "P Q" : "Q P") +
+                      part("P", "O", "Q") + part("Q", "O P", "-")));
     EXPECT_EQ(update(parse(data(part("A", "", "")))), !isPFirst) << file->lastFailure().text;
     if (isPFirst)
       EXPECT_THAT(file->lastFailure().text,
@@ -182,29 +173,26 @@ TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
   const std::vector<Case> cases = {
       {studyOf("T", "", ""), lists + plain, given, "A", "no study object \"S\""},
       {source, lists + plain, given, "none", "the update has no object \"none\""},
-      {source, lists + plain, data(part("B", item("C"), "")), "B", "nor is one of its parents in"},
+      {source, lists + plain, data(part("B", "C", "")), "B", "nor is one of its parents in"},
       {source, lists + plain, data(partWithoutId + part("A", "", "")), "A", "has no id: PmPartInstance"},
-      {source, lists + part("A", "", item("B")) + part("B", "", "-"), given, "A",
+      {source, lists + part("A", "", "B") + part("B", "", "-"), given, "A",
        "\"B\", a child of \"A\", does not name it"},
       {source, lists + shown + plain, data(lists), "A", "\"K\", a child of \"S\", does not name it"},
-      {studyOf("S", item("K"), "") + shortcutTo("K", "A", "S") + part("A", "", ""), lists + plain, given, "A",
+      {studyOf("S", "K", "") + shortcutTo("K", "A", "S") + part("A", "", ""), lists + plain, given, "A",
        "no whole shortcut to \"A\""},
       {source, lists + plain, "<Data/>", "A", "no Data/Objects"},
       {source, lists + plain, data(bare("PmReferenceFile", "F", "<fileName>/no/such/file</fileName>")), "A",
        "cannot be fetched"},
       {source, lists + plain + "</Objects><Objects>" + made("Label", "N", "Label"),
        data(made("Label", "N", "Label")), "A", "\"N\" cannot be replaced"},
-      {source, lists + plain + part("B", "", "-"), data(part("C", item("B"), "-")), "A",
+      {source, lists + plain + part("B", "", "-"), data(part("C", "B", "-")), "A",
        "\"B\" does not take the object \"C\""},
-      {studyOf("S", item("K"), item("I")) + shortcutTo("K", "A", "T") + info("I") + infoLayout("I", "") +
-           plain,
+      {studyOf("S", "K", "I") + shortcutTo("K", "A", "T") + info("I") + infoLayout("I", "") + plain,
        lists + plain, given, "A", "the study of the shortcut \"K\""},
-      {source, studyOf("S", item("K"), "") + plain, given, "A", "no study info for the shortcut \"K\""},
+      {source, studyOf("S", "K", "") + plain, given, "A", "no study info for the shortcut \"K\""},
       // P takes B along, which is judged after it.
-      {source,
-       lists + part("A", "", items({"P", "B"})) + part("P", item("A"), item("B")) +
-           part("B", items({"A", "P"}), "-"),
-       given, "A", "\"B\", which lost a parent, has been removed"},
+      {source, lists + part("A", "", "P B") + part("P", "A", "B") + part("B", "A P", "-"), given, "A",
+       "\"B\", which lost a parent, has been removed"},
   };
   ASSERT_TRUE(LocalFilesCacheClientFilesManager::the().activate(folder.path("cache")));
   for (const Case& c : cases) {
@@ -232,11 +220,11 @@ TEST_F(UpdateFile, AFailingSaveLeavesTheFileWhole) {
 }
 
 TEST_F(UpdateFile, TheSessionComesBackAfterAnException) {
-  give(source, data(lists + part("A", "", "") + part("B", "", item("C")) + part("C", item("B"), "-")));
+  give(source, data(lists + part("A", "", "") + part("B", "", "C") + part("C", "B", "-")));
   // The warning that B is C's second parent finds a sink that gives up.
   apiErr.setSink([](const ApiErrEntry&) { throw std::runtime_error("full"); });
   const std::string former = content();
-  const auto given = ApiBaseXmlDocumentWrapper(parse(data(part("D", item("A"), item("C")))));
+  const auto given = ApiBaseXmlDocumentWrapper(parse(data(part("D", "A", "C"))));
   EXPECT_THROW(file->updateWrappedDocument(ApiPmId("D"), given), std::runtime_error);
   expectSessionRestored();
   EXPECT_EQ(content(), former);

@@ -120,9 +120,8 @@ TEST_F(BuildTest, ServesTheInterfacesOfEachClassOnOneObject) {
 }
 
 TEST_F(BuildTest, TheFirstParentCountsAndALaterOneIsReported) {
-  build(part("A", "", items({"S", "Q"})) + part("B", "", items({"S", "A"})) +
-        part("S", items({"A", "B"}), "-") +
-        made("PmDvProcessAssembly", "Q", "Product", "<name>Q</name>" + field("children", items({"R", "S"}))) +
+  build(part("A", "", "S Q") + part("B", "", "S A") + part("S", "A B", "-") +
+        made("PmDvProcessAssembly", "Q", "Product", "<name>Q</name>" + listOf("children", "R S")) +
         made("PmDvProcessAssembly", "R", "Product"));
   EXPECT_EQ(parentsOf({"S", "A", "Q", "R"}), "A B - Q") << "a compound is no parent of a process assembly";
   EXPECT_EQ(roots(), "B Q");
@@ -150,7 +149,7 @@ TEST_F(BuildTest, AShortcutIsFoundFromItsTargetAlsoAheadOfIt) {
 
 TEST_F(BuildTest, OddDocumentsLoadAsFarAsTheyGo) {
   // A cycle, an object without id, a compound without id that has children, a family outside an object.
-  build(part("A", item("B"), item("B")) + part("B", item("A"), item("A")) + partWithoutId +
+  build(part("A", "B", "B") + part("B", "A", "A") + partWithoutId +
         "<PmCompoundPart><children><item>B</item></children>" + familyOf("Product") + "</PmCompoundPart>");
   EXPECT_EQ(wrapper->nodesNum(), 2);
   EXPECT_EQ(roots(), "");

@@ -11,13 +11,12 @@ class EditsTest : public StudyTest {
  protected:
   void SetUp() override {
     StudyTest::SetUp();
-    build(part("A", "", item("P")) + part("B", "", "") + part("P", item("A"), "-") +
-          layout("LA", "A", "NULL", item("LP"), 10, 10) + layout("LB", "B", "NULL", "", 4, 4) +
-          layout("LP", "P", "LA", "", 1, 11) + studyOf("S", item("K"), item("I")) +
-          shortcutTo("K", "B", "S") + infoWith("I", "LI") +
+    build(part("A", "", "P") + part("B", "", "") + part("P", "A", "-") +
+          layout("LA", "A", "NULL", "LP", 10, 10) + layout("LB", "B", "NULL", "", 4, 4) +
+          layout("LP", "P", "LA", "", 1, 11) + studyOf("S", "K", "I") + shortcutTo("K", "B", "S") +
+          infoWith("I", "LI") +
           bare("PmStudyLayout", "LI",
-               field("location", item("7") + item("0") + item("0")) +
-                   field("rotation", "<item/><item/><item/>")));
+               listOf("location", "7 0 0") + field("rotation", "<item/><item/><item/>")));
   }
   ZelVorStudy* theStudy() const { return zelQuery<ZelVorStudy>(node("S")); }
 };
@@ -73,7 +72,7 @@ TEST_F(EditsTest, NothingMovesUnderItselfOrBelow) {
 
 TEST_F(EditsTest, ListsThatDisagreeMakeNoCycleEither) {
   // Only A's list names B: going up from B finds nothing.
-  build(part("A", "", item("B")) + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
+  build(part("A", "", "B") + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
         layout("LB", "B", "NULL", "", 0, 0));
   wrapper->relevantParentFinder().removeRelevantParent(ApiPmId("B"));
   EXPECT_FALSE(collection("B")->moveChild(node("A")));
@@ -104,7 +103,7 @@ TEST_F(EditsTest, NewObjectsArePublishedWholeAndPlaced) {
   ASSERT_TRUE(collection("A")->createChild(ZEL_COMPOUND_PART, ApiPmId("N")));
   EXPECT_EQ(element("N").xml(),
             made("PmCompoundPart", "N", "Product",
-                 "<name/>" + field("parents", item("A")) + "<children/><layout>new1</layout>"));
+                 "<name/>" + listOf("parents", "A") + "<children/><layout>new1</layout>"));
   EXPECT_EQ(updated(), "A LA N new1");
   EXPECT_EQ(parentOf("N"), "A");
   EXPECT_DOUBLE_EQ(relativeX("new1"), -10) << "made at the origin of the study";
@@ -149,15 +148,15 @@ TEST_F(EditsTest, DeletionGoesTheWayOfTheParents) {
 }
 
 TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
-  build(part("A", "", item("P")) + part("B", "", item("P")) + part("C", "", item("P")) +
-        part("P", items({"A", "B", "C"}), "-") + layout("LA", "A", "NULL", item("LP"), 0, 0) +
-        layout("LB", "B", "NULL", item("LP"), 0, 0) + layout("LP", "P", "LB", "", 0, 0));
+  build(part("A", "", "P") + part("B", "", "P") + part("C", "", "P") + part("P", "A B C", "-") +
+        layout("LA", "A", "NULL", "LP", 0, 0) + layout("LB", "B", "NULL", "LP", 0, 0) +
+        layout("LP", "P", "LB", "", 0, 0));
   ASSERT_TRUE(wrapper->removeSharing());
   expectLists(
       {{"P/parents", "A"}, {"A/children", "P"}, {"B/children", ""}, {"C/children", ""}, {"LB/children", ""}});
   EXPECT_EQ(text("LP", "parent"), "");
 
-  build(part("A", "", item("P")) + part("B", "", item("P")) + part("P", items({"A", "B"}), "-"));
+  build(part("A", "", "P") + part("B", "", "P") + part("P", "A B", "-"));
   publish();
   ASSERT_TRUE(remove("P"));
   EXPECT_TRUE(exists("P"));
@@ -167,7 +166,7 @@ TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
 }
 
 TEST_F(EditsTest, AnObjectWithAParentThatDoesNotCountIsKept) {
-  build(part("P", item("gone"), "-") + layout("LP", "P", "NULL", "", 0, 0));
+  build(part("P", "gone", "-") + layout("LP", "P", "NULL", "", 0, 0));
   EXPECT_FALSE(remove("P"));
   EXPECT_TRUE(exists("P"));
   EXPECT_EQ(roots(), "P");
@@ -177,7 +176,7 @@ TEST_F(EditsTest, AnObjectWithAParentThatDoesNotCountIsKept) {
 }
 
 TEST_F(EditsTest, AProcessAssemblyLeavesNoPointerAmongTheRoots) {
-  build(made("PmDvProcessAssembly", "Q", "Product", field("children", item("R"))) +
+  build(made("PmDvProcessAssembly", "Q", "Product", listOf("children", "R")) +
         made("PmDvProcessAssembly", "R", "Product"));
   ASSERT_TRUE(remove("R"));
   EXPECT_EQ(list("Q", "children"), "");

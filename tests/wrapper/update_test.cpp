@@ -26,13 +26,13 @@ class UpdateTest : public StudyTest {
 };
 
 TEST_F(UpdateTest, AFullUpdateAddsReplacesAndRemoves) {
-  build(part("A", "", items({"X", "Y"})) + part("X", item("A"), "-") + part("Y", item("A"), "-") +
-        part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) + layout("LB", "B", "NULL", "", 0, 0) +
+  build(part("A", "", "X Y") + part("X", "A", "-") + part("Y", "A", "-") + part("B", "", "") +
+        layout("LA", "A", "NULL", "", 0, 0) + layout("LB", "B", "NULL", "", 0, 0) +
         named("Label", "N", "Label", "old") + studyOf("S", "", ""));
   publish();
   ZelNode* a = node("A");
   // A lost X, which is gone, and Y, which moved to B; C is new below B; the label's new data is dropped.
-  give(part("A", "", "") + part("B", "", item("Y")) + part("Y", item("B"), "-") + part("C", item("B"), "-") +
+  give(part("A", "", "") + part("B", "", "Y") + part("Y", "B", "-") + part("C", "B", "-") +
        layout("LC", "C", "LB", "", 0, 0) + named("Label", "N", "Label", "new") + partWithoutId +
        made("PmPartInstance", "", "Product"));
   EXPECT_EQ(full(), "A B Y C LC N   - X");
@@ -47,17 +47,17 @@ TEST_F(UpdateTest, AFullUpdateAddsReplacesAndRemoves) {
   EXPECT_EQ(updated() + deleted(), "") << "an update is no edit";
 
   // A child that is in no document ends the removals; all else is done.
-  build(part("A", "", items({"gone", "X"})) + part("X", item("A"), "-"));
+  build(part("A", "", "gone X") + part("X", "A", "-"));
   give(part("A", "", ""));
   EXPECT_EQ(full(), "false: A - ");
   EXPECT_TRUE(exists("X"));
 }
 
 TEST_F(UpdateTest, AnIncrementalUpdateOnlyAdds) {
-  build(part("A", "", item("X")) + part("X", item("A"), "-") + layout("LA", "A", "NULL", "", 0, 0) +
+  build(part("A", "", "X") + part("X", "A", "-") + layout("LA", "A", "NULL", "", 0, 0) +
         named("MarvekStudy", "S", "Study", "old"));
   ZelNode* theStudy = node("S");
-  give(part("A", "", "") + part("C", item("A"), "-") + layout("LC", "C", "LA", "", 0, 0) +
+  give(part("A", "", "") + part("C", "A", "-") + layout("LC", "C", "LA", "", 0, 0) +
        named("MarvekStudy", "S", "Study", "new") + shortcutTo("K", "C", ""));
   EXPECT_EQ(incremental(), "A C S");
   EXPECT_EQ(list("A", "children"), "X C");
@@ -68,7 +68,7 @@ TEST_F(UpdateTest, AnIncrementalUpdateOnlyAdds) {
 }
 
 TEST_F(UpdateTest, ContentMovesToAnotherStudy) {
-  build(studyOf("S", item("K"), item("I")) + shortcutTo("K", "A", "S") + infoWith("I", "LI") +
+  build(studyOf("S", "K", "I") + shortcutTo("K", "A", "S") + infoWith("I", "LI") +
         bare("PmStudyLayout", "LI") + part("A", "", "-"));
   EXPECT_TRUE(wrapper->moveContentToNewStudy(parse(data(made("MarvekStudy", "T", "Study", "<children/>"))),
                                              ApiPmId("unread")));
