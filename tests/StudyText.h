@@ -34,7 +34,7 @@ inline std::string made(const std::string& type, const std::string& id, const st
 inline const std::string partWithoutId =
     "<PmPartInstance><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>";
 
-inline std::string data(const std::string& objects) {
+inline std::string dataOf(const std::string& objects) {
   return "<Data><Objects>" + objects + "</Objects></Data>";
 }
 inline std::string updates(const std::string& content) {

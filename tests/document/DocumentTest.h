@@ -56,7 +56,7 @@ class DocumentTest : public testing::Test {
   static ApiPmXmlCachedDocument& cached() { return session().cachedDocument(); }
 
   // `objects` is the content of Data/Objects.
-  void open(const std::string& objects) { openText(data(objects)); }
+  void open(const std::string& objects) { openText(dataOf(objects)); }
   void openText(const std::string& text) {
     study = parse(text);
     session().setImportedDocumentAndDocRef(study, {});

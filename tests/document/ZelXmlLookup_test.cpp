@@ -10,7 +10,7 @@ using DocumentLookup = DocumentTest;
 
 TEST_F(DocumentLookup, ADocumentWithoutIndexIsSearched) {
   const IXMLDOMDocument document =
-      parse(data("<A><x ExternalId='a\"]'/></A><B ExternalId='NULL'/><B ExternalId=''/>"));
+      parse(dataOf("<A><x ExternalId='a\"]'/></A><B ExternalId='NULL'/><B ExternalId=''/>"));
   IXMLDOMNode found;
   EXPECT_TRUE(zelXmlFindNodeById(document, std::string_view("a\"]"), found));
   EXPECT_EQ(found.nodeName(), "x");

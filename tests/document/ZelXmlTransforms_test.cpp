@@ -1,5 +1,3 @@
-#include <random>
-
 #include "document/DocumentTest.h"
 
 using namespace document_test;
@@ -93,35 +91,4 @@ TEST_F(DocumentTransforms, PropagationIsNotBoundByTheStackOrByTheNumberOfRoads) 
   EXPECT_EQ(absoluteX("l29999"), "29999.000000");
   EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("a0"), along(0)));
   EXPECT_EQ(absoluteX("b59"), "59.000000");
-}
-
-TEST_F(DocumentTransforms, AfterRandomMovesEachPlacementFollowsFromItsParents) {
-  const unsigned seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
-  constexpr std::size_t count = 60;
-  std::string children[count], text;
-  std::size_t parents[count] = {};
-  for (std::size_t i = 1; i < count; ++i) {
-    parents[i] = random() % i;
-    children[parents[i]] += std::to_string(i) + " ";
-  }
-  for (std::size_t i = 0; i < count; ++i) text += layout(std::to_string(i), "1", "1", children[i]);
-  open(text);
-  EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("0"), along(1)));
-  std::uniform_real_distribution<double> length(-1000, 1000), angle(-1.5, 1.5);
-  for (int move = 0; move < 30; ++move) {
-    const RTTran3D delta({length(random), length(random), length(random)},
-                         {angle(random), angle(random), angle(random)});
-    EXPECT_TRUE(zelXmlMoveLayout(study, element(std::to_string(random() % count)), delta));
-  }
-  for (std::size_t i = 1; i < count; ++i) {
-    RTTran3D relative, expected;
-    const IXMLDOMNode child = element(std::to_string(i));
-    const IXMLDOMNode parent = element(std::to_string(parents[i]));
-    EXPECT_TRUE(zelXmlGetLayoutTransform(child, expected));
-    EXPECT_TRUE(zelXmlGetRelativeTransform(child, parent, relative));
-    // Six decimals of an angle are half a length unit in a million.
-    EXPECT_TRUE(relative.isNear(expected, 0.5, 1e-4)) << i;
-  }
 }

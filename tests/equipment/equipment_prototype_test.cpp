@@ -107,7 +107,7 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
 TEST_F(EquipmentPrototypeTest, AnOccurrenceOfAnUpdateEntersItsEquipmentUnpublished) {
   build(equipment("E", "") + tool);
   publish();
-  wrapper->setUpdateDocument(parse(data(occurrence("PmToolInstance", "O", "E"))));
+  wrapper->setUpdateDocument(parse(dataOf(occurrence("PmToolInstance", "O", "E"))));
   ApiPmIdList gone;
   ApiPmIdList updatedIds;
   EXPECT_TRUE(wrapper->update(gone, updatedIds, false));

@@ -34,7 +34,7 @@ class ImportTest : public StudyTest {
 
   // The import of an external document with these objects; `run` says what was handled and removed.
   void give(const std::string& objects, std::uint32_t type, bool parts = false, bool resources = false) {
-    external = parse(data(objects));
+    external = parse(dataOf(objects));
     settings = std::make_unique<ApiPmAddToStudyFromFileData>(parts, resources);
     import = std::make_unique<Import>(external, *settings, *wrapper, Import::ImportType{type});
   }

@@ -34,7 +34,7 @@ class UpdateFile : public StudyTest {
 
   // The session's study, and the file.
   void give(const std::string& source, const std::string& text) {
-    study = parse(data(source));
+    study = parse(dataOf(source));
     session().setImportedDocumentAndDocRef(study, ApiDocumentRef("session.xml"));
     session().cacheNode(study, ApiPmId("outside"), study.createElement("PmX"));
     folder.write("study.xml", text);
@@ -51,7 +51,7 @@ class UpdateFile : public StudyTest {
     return result;
   }
   void expectUpdated(const std::string& objects, const std::string& root = "A") {
-    EXPECT_TRUE(update(parse(data(objects)), root)) << file->lastFailure().text;
+    EXPECT_TRUE(update(parse(dataOf(objects)), root)) << file->lastFailure().text;
   }
   void expectSessionRestored() {
     EXPECT_EQ(session().importedDocument(), study);
@@ -75,34 +75,34 @@ class UpdateFile : public StudyTest {
 
 TEST_F(UpdateFile, AShownObjectIsReplacedWithAllBelowIt) {
   give(source,
-       data(lists + shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "old") + part("A", "", "X Y") +
-            part("X", "A", "Z") + part("Z", "X", "-") + part("Y", "A", "-") + rootLayout("LX LY") +
-            layoutOf("X", "LA", "LZ") + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
+       dataOf(lists + shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "old") + part("A", "", "X Y") +
+              part("X", "A", "Z") + part("Z", "X", "-") + part("Y", "A", "-") + rootLayout("LX LY") +
+              layoutOf("X", "LA", "LZ") + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
   const std::string tree = part("A", "", "Y N") + part("Y", "A", "-") + part("N", "A", "-") +
                            rootLayout("LY LN") + layoutOf("N", "LA");
-  const IXMLDOMDocument given = parse(data(tree));
+  const IXMLDOMDocument given = parse(dataOf(tree));
   EXPECT_TRUE(update(given)) << file->lastFailure().text;
-  EXPECT_EQ(content(), data(lists + layoutOf("Y", "LA") + tree + shown))
+  EXPECT_EQ(content(), dataOf(lists + layoutOf("Y", "LA") + tree + shown))
       << "X went, and Z with it; the place in the study is the session's";
-  EXPECT_EQ(root(given), data(tree + shown)) << "the update document is extended";
+  EXPECT_EQ(root(given), dataOf(tree + shown)) << "the update document is extended";
 
   // The wrapper takes a second update, here one that empties the compound.
   expectUpdated(part("A", "", "") + rootLayout(""));
-  EXPECT_EQ(content(), data(lists + part("A", "", "") + rootLayout("") + shown));
+  EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + rootLayout("") + shown));
   EXPECT_EQ(file->nodesNum(), 2);
 }
 
 TEST_F(UpdateFile, AnObjectThatIsNotShownHangsOnItsParents) {
   // B has a place of its own in the target's study, and a parent: the place goes. The label is replaced.
   const auto label = [](const char* name) { return made("Label", "N", "Label", field("name", name)); };
-  give(source, data(studyOf("S", "KB K", "IB I") + shortcutTo("KB", "B", "S") + info("IB") +
-                    infoLayout("IB", "old") + shown + part("A", "", "B") + part("B", "A", "-") +
-                    rootLayout("LB") + layoutOf("B", "LA") + label("old")));
+  give(source, dataOf(studyOf("S", "KB K", "IB I") + shortcutTo("KB", "B", "S") + info("IB") +
+                      infoLayout("IB", "old") + shown + part("A", "", "B") + part("B", "A", "-") +
+                      rootLayout("LB") + layoutOf("B", "LA") + label("old")));
   const std::string given = part("B", "gone A", "-") + label("new") + part("C", "A", "-");
   expectUpdated(given + layoutOf("C", "LA"), "B");
   EXPECT_EQ(content(),
-            data(lists + shown + part("A", "", "C B") + rootLayout("LC LB") + layoutOf("B", "LA") +
-                 part("B", "gone A", "-") + part("C", "A", "-") + label("new") + layoutOf("C", "LA")));
+            dataOf(lists + shown + part("A", "", "C B") + rootLayout("LC LB") + layoutOf("B", "LA") +
+                   part("B", "gone A", "-") + part("C", "A", "-") + label("new") + layoutOf("C", "LA")));
   ApiPmId found;
   EXPECT_FALSE(file->findShortcut(ApiPmId("B"), found));
   const IXMLDOMDocument wrapped = file->zelXmlNodeFromId(ApiPmId("A"))->getXmlNode().ownerDocument();
@@ -119,10 +119,10 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
   };
   for (const Case& c : {Case{"K Q", "I R", "K Q", "I R"}, Case{"K Q", "J R", "Q K", "R I"},
                         Case{"Q", "R", "Q K", "R I"}, Case{"", "", "K", "I"}}) {
-    give(source, data(studyOf("S", c.children, c.infos) + part("A", "", "") + rootLayout("")));
+    give(source, dataOf(studyOf("S", c.children, c.infos) + part("A", "", "") + rootLayout("")));
     expectUpdated(part("A", "", ""));
     EXPECT_EQ(content(),
-              data(studyOf("S", c.newChildren, c.newInfos) + rootLayout("") + part("A", "", "") + shown))
+              dataOf(studyOf("S", c.newChildren, c.newInfos) + rootLayout("") + part("A", "", "") + shown))
         << c.children;
   }
 }
@@ -130,8 +130,8 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
 TEST_F(UpdateFile, AnObjectThatLostAParentStaysWhileSomethingLeadsToIt) {
   // All three lose A: P has another parent, Q a shortcut, R only a parent that is not in the document.
   const auto text = [&](const std::string& a, const std::string& rest, const std::string& r) {
-    return data(studyOf("S", "KQ K", "IQ I") + shortcutTo("KQ", "Q", "S") + part("B", "", "P") + rest + r +
-                a);
+    return dataOf(studyOf("S", "KQ K", "IQ I") + shortcutTo("KQ", "Q", "S") + part("B", "", "P") + rest + r +
+                  a);
   };
   give(source, text(part("A", "", "P Q R") + shown, part("P", "A B", "-") + part("Q", "A", "-"),
                     part("R", "A gone", "-")));
@@ -144,48 +144,48 @@ TEST_F(UpdateFile, AnObjectThatLostAParentStaysWhileSomethingLeadsToIt) {
   for (int i = 1; i <= depth; ++i)
     chain += part("C" + std::to_string(i), i == 1 ? "A" : "C" + std::to_string(i - 1),
                   "C" + std::to_string(i + 1));
-  give(source, data(lists + part("A", "", "C1") + chain));
+  give(source, dataOf(lists + part("A", "", "C1") + chain));
   expectUpdated(part("A", "", ""));
-  EXPECT_EQ(content(), data(lists + part("A", "", "") + shown));
+  EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + shown));
 }
 
 // P has the child Q, and Q stands also beside it: where P is judged first, Q goes with it, and its own turn
 // finds it gone.
 TEST_F(UpdateFile, ChildrenOfAnOrphanAreJudgedInTheirOrder) {
   for (const bool isPFirst : {true, false}) {
-    give(source, data(lists + shown + part("A", "", "O") + part("O", "A", isPFirst ? "P Q" : "Q P") +
-                      part("P", "O", "Q") + part("Q", "O P", "-")));
-    EXPECT_EQ(update(parse(data(part("A", "", "")))), !isPFirst) << file->lastFailure().text;
+    give(source, dataOf(lists + shown + part("A", "", "O") + part("O", "A", isPFirst ? "P Q" : "Q P") +
+                        part("P", "O", "Q") + part("Q", "O P", "-")));
+    EXPECT_EQ(update(parse(dataOf(part("A", "", "")))), !isPFirst) << file->lastFailure().text;
     if (isPFirst)
       EXPECT_THAT(file->lastFailure().text,
                   testing::HasSubstr("\"Q\", which lost a parent, has been removed"));
     else
-      EXPECT_EQ(content(), data(lists + part("A", "", "") + shown));
+      EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + shown));
   }
 }
 
 TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
   const std::string plain = part("A", "", "") + rootLayout("");
-  const std::string given = data(part("A", "", ""));
+  const std::string given = dataOf(part("A", "", ""));
   struct Case {
     std::string source, target, update, root, reason;
   };
   const std::vector<Case> cases = {
       {studyOf("T", "", ""), lists + plain, given, "A", "no study object \"S\""},
       {source, lists + plain, given, "none", "the update has no object \"none\""},
-      {source, lists + plain, data(part("B", "C", "")), "B", "nor is one of its parents in"},
-      {source, lists + plain, data(partWithoutId + part("A", "", "")), "A", "has no id: PmPartInstance"},
+      {source, lists + plain, dataOf(part("B", "C", "")), "B", "nor is one of its parents in"},
+      {source, lists + plain, dataOf(partWithoutId + part("A", "", "")), "A", "has no id: PmPartInstance"},
       {source, lists + part("A", "", "B") + part("B", "", "-"), given, "A",
        "\"B\", a child of \"A\", does not name it"},
-      {source, lists + shown + plain, data(lists), "A", "\"K\", a child of \"S\", does not name it"},
+      {source, lists + shown + plain, dataOf(lists), "A", "\"K\", a child of \"S\", does not name it"},
       {studyOf("S", "K", "") + shortcutTo("K", "A", "S") + part("A", "", ""), lists + plain, given, "A",
        "no whole shortcut to \"A\""},
       {source, lists + plain, "<Data/>", "A", "no Data/Objects"},
-      {source, lists + plain, data(bare("PmReferenceFile", "F", "<fileName>/no/such/file</fileName>")), "A",
+      {source, lists + plain, dataOf(bare("PmReferenceFile", "F", "<fileName>/no/such/file</fileName>")), "A",
        "cannot be fetched"},
       {source, lists + plain + "</Objects><Objects>" + made("Label", "N", "Label"),
-       data(made("Label", "N", "Label")), "A", "\"N\" cannot be replaced"},
-      {source, lists + plain + part("B", "", "-"), data(part("C", "B", "-")), "A",
+       dataOf(made("Label", "N", "Label")), "A", "\"N\" cannot be replaced"},
+      {source, lists + plain + part("B", "", "-"), dataOf(part("C", "B", "-")), "A",
        "\"B\" does not take the object \"C\""},
       {studyOf("S", "K", "I") + shortcutTo("K", "A", "T") + info("I") + infoLayout("I", "") + plain,
        lists + plain, given, "A", "the study of the shortcut \"K\""},
@@ -196,7 +196,7 @@ TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
   };
   ASSERT_TRUE(LocalFilesCacheClientFilesManager::the().activate(folder.path("cache")));
   for (const Case& c : cases) {
-    give(c.source, data(c.target));
+    give(c.source, dataOf(c.target));
     EXPECT_FALSE(update(parse(c.update), c.root)) << c.reason;
     EXPECT_THAT(file->lastFailure().text, testing::HasSubstr(c.reason));
     EXPECT_FALSE(file->lastFailure().ofFile);
@@ -206,38 +206,38 @@ TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
 TEST_F(UpdateFile, AFailingSaveLeavesTheFileWhole) {
   int failures = 0;
   for (bool renamed = false; !renamed; ++failures) {
-    give(source, data(lists + part("A", "", "")));
+    give(source, dataOf(lists + part("A", "", "")));
     domtest::Faults::set(failures);
-    const bool saved = update(parse(data(part("A", "", ""))));
+    const bool saved = update(parse(dataOf(part("A", "", ""))));
     renamed = saved;
     const std::string failed = domtest::Faults::failed;
     domtest::Faults::clear();
     EXPECT_EQ(file->lastFailure().ofFile, !saved) << failed;
-    EXPECT_EQ(content(), data(saved ? lists + part("A", "", "") + shown : lists + part("A", "", "")));
+    EXPECT_EQ(content(), dataOf(saved ? lists + part("A", "", "") + shown : lists + part("A", "", "")));
     EXPECT_EQ(folder.files().size(), 1u) << "a file is left after " << failed;
   }
   EXPECT_GT(failures, 5) << "open, write, chmod, fsync, close and rename";
 }
 
 TEST_F(UpdateFile, TheSessionComesBackAfterAnException) {
-  give(source, data(lists + part("A", "", "") + part("B", "", "C") + part("C", "B", "-")));
+  give(source, dataOf(lists + part("A", "", "") + part("B", "", "C") + part("C", "B", "-")));
   // The warning that B is C's second parent finds a sink that gives up.
   apiErr.setSink([](const ApiErrEntry&) { throw std::runtime_error("full"); });
   const std::string former = content();
-  const auto given = ApiBaseXmlDocumentWrapper(parse(data(part("D", "A", "C"))));
+  const auto given = ApiBaseXmlDocumentWrapper(parse(dataOf(part("D", "A", "C"))));
   EXPECT_THROW(file->updateWrappedDocument(ApiPmId("D"), given), std::runtime_error);
   expectSessionRestored();
   EXPECT_EQ(content(), former);
 }
 
 TEST_F(UpdateFile, AFileThatCannotBeReadIsNotUpdated) {
-  give(source, data(studyOf("S", "", "")));
+  give(source, dataOf(studyOf("S", "", "")));
   folder.write("study.xml", "<Data>");
   EXPECT_FALSE(file->buildToWrapDocumentToBeUpdated());
   EXPECT_THAT(file->lastFailure().text, testing::HasSubstr(target + ":1:"));
   EXPECT_TRUE(file->lastFailure().ofFile);
   expectSessionRestored();
-  EXPECT_FALSE(update(parse(data(part("A", "", "")))));
+  EXPECT_FALSE(update(parse(dataOf(part("A", "", "")))));
 }
 
 TEST_F(UpdateFile, ACopyOfTheSessionsFileGetsAnIdOfItsOwn) {

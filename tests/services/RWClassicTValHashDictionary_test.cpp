@@ -133,14 +133,6 @@ TEST(RWClassicTValHashDictionary, IsWhatItsRulesSay) {
   }
 }
 
-TEST(RWClassicTValHashDictionary, GrowsAtTheToldEntry) {
-  RWClassicTValHashDictionary<int, int> dictionary(RWGrowth::before(3, 2));
-  for (int key = 1; key < 194; ++key) dictionary.insert(key, 0);
-  EXPECT_EQ(dictionary.bucketCount(), 64u);
-  dictionary.insert(194, 0);
-  EXPECT_EQ(dictionary.bucketCount(), 386u);
-}
-
 // Counts how often keys are compared.
 struct CountedKey {
   int value;

@@ -54,19 +54,4 @@ TEST_F(ImportCommandTest, SavesNothingUnlessAskedTo) {
   EXPECT_EQ(folder.read("small.xml"), smallStudy);
 }
 
-TEST_F(ImportCommandTest, RefusesWrongUsage) {
-  const std::pair<std::vector<std::string>, std::string> cases[] = {
-      {{"import", file, other}, "say what to take"},
-      {{"import", file, other, "--all", "--parts"}, "--all excludes --parts"},
-      {{"import", file, other, "--all", "-o", other}, "would overwrite"},
-      {{"import", file, folder.write("none.xml", "<Data/>"), "--all"}, "no external document"},
-  };
-  for (const auto& [arguments, says] : cases) {
-    const Outcome refused = run(arguments);
-    EXPECT_EQ(refused.exitCode, 2) << says;
-    EXPECT_NE(refused.err.find(says), std::string::npos) << refused.err;
-  }
-  EXPECT_EQ(folder.read("other.xml"), otherStudy);
-}
-
 }  // namespace

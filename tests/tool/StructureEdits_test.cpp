@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "StudyText.h"
 #include "tool/ToolRun.h"
 
 // The operations of scripts on the structure, from outside: what they tell, and what stands in the saved
@@ -119,9 +120,7 @@ TEST_F(ToolStructureEdits, LabelsAndPrototypesAreGivenAndTaken) {
 TEST_F(ToolStructureEdits, TheStudyIsPublishedWithoutOperationShortcuts) {
   const std::string study = replaced(smallStudy, "<linkExternalID>A<", "<linkExternalID>O<");
   const std::string withOperation =
-      replaced(study, "  </Objects>",
-               "<PmOperation "
-               "ExternalId=\"O\"><NodeInfo><family>Operation</family></NodeInfo></PmOperation></Objects>");
+      replaced(study, "  </Objects>", document_test::made("PmOperation", "O", "Operation") + "</Objects>");
   expectLines(edited(folder, withOperation, "filter-study\n"), {R"({"result": true})"});
   EXPECT_THAT(folder.read("out.xml"), HasSubstr("<children/><info/>"));
   EXPECT_EQ(folder.read("new.xml"), withOperation);

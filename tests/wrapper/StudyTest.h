@@ -51,7 +51,7 @@ class StudyTest : public DocumentTest {
     DocumentTest::TearDown();
   }
 
-  void build(const std::string& objects) { buildText(data(objects)); }
+  void build(const std::string& objects) { buildText(dataOf(objects)); }
   void buildText(const std::string& text) {
     openText(text);
     ASSERT_TRUE(wrapper->build(false));

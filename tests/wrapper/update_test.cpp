@@ -7,7 +7,7 @@ namespace {
 
 class UpdateTest : public StudyTest {
  protected:
-  void give(const std::string& objects) { wrapper->setUpdateDocument(parse(data(objects))); }
+  void give(const std::string& objects) { wrapper->setUpdateDocument(parse(dataOf(objects))); }
   std::string full() {
     ApiPmIdList gone;
     ApiPmIdList updated;
@@ -70,7 +70,7 @@ TEST_F(UpdateTest, AnIncrementalUpdateOnlyAdds) {
 TEST_F(UpdateTest, ContentMovesToAnotherStudy) {
   build(studyOf("S", "K", "I") + shortcutTo("K", "A", "S") + infoWith("I", "LI") +
         bare("PmStudyLayout", "LI") + part("A", "", "-"));
-  EXPECT_TRUE(wrapper->moveContentToNewStudy(parse(data(made("MarvekStudy", "T", "Study", "<children/>"))),
+  EXPECT_TRUE(wrapper->moveContentToNewStudy(parse(dataOf(made("MarvekStudy", "T", "Study", "<children/>"))),
                                              ApiPmId("unread")));
   EXPECT_EQ(wrapper->studyId(), "T");
   EXPECT_FALSE(exists("S") || exists("K") || exists("I") || exists("LI"));
