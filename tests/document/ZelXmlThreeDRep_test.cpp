@@ -1,5 +1,3 @@
-#include "Folder.h"
-#include "api/LocalFilesCacheClientFilesManager.h"
 #include "document/DocumentTest.h"
 
 using namespace document_test;
@@ -42,25 +40,4 @@ TEST_F(DocumentThreeDRep, APathIsReadAndWrittenThroughTheFileObject) {
   EXPECT_EQ(text("Ff", "fileName"), "#\\a/b.jt");
   EXPECT_TRUE(zelXmlGetThreeDRepPath(study, element("Rf"), path));
   EXPECT_EQ(path, "/srv\\a/b.jt");
-}
-
-TEST_F(DocumentThreeDRep, AnActiveFilesCacheGivesLocalCopiesAndTheirOrigin) {
-  const files_test::Folder folder;
-  const std::string origin = folder.write("door.jt", "geometry"), missing = folder.path("missing.jt");
-  auto& client = LocalFilesCacheClientFilesManager::the();
-  ASSERT_TRUE(client.activate(folder.path("cache")));
-
-  open(rep("f", origin));
-  std::string local, lost;
-  EXPECT_TRUE(zelXmlGetThreeDRepPath(study, element("Rf"), local));
-  EXPECT_NE(local, origin);
-  EXPECT_TRUE(std::filesystem::exists(local));
-  EXPECT_TRUE(zelXmlSetThreeDRepPath(study, element("Rf"), local));
-  EXPECT_EQ(text("Ff", "fileName"), origin);
-  EXPECT_TRUE(zelXmlSetThreeDRepPath(study, element("Rf"), missing));
-  EXPECT_EQ(text("Ff", "fileName"), missing);
-  EXPECT_FALSE(zelXmlGetThreeDRepPath(study, element("Rf"), lost));
-  EXPECT_NE(lost, missing);
-
-  client.activate("");
 }

@@ -181,7 +181,8 @@ TEST_F(PrototypesTest, FilesOfPrototypesComeThroughTheCache) {
   const std::string copy = path("P");
   EXPECT_TRUE(copy.starts_with(directory + "/cache") && fs::exists(copy + "/a.jt")) << copy;
   EXPECT_TRUE(wrapper->setPrototypePath(ApiPmId("P"), copy));
-  EXPECT_EQ(at(element("FP"), "fileName").text(), "#\\in");
+  EXPECT_EQ(text("FP", "fileName"), "#\\in");
+  EXPECT_EQ(path("lost"), "-") << "not that of an origin that cannot be had";
   // A build fetches all of a study first, and says so when it cannot.
   EXPECT_FALSE(wrapper->build(true));
   ASSERT_TRUE(wrapper->build(false) && wrapper->setPrototypePath(ApiPmId("lost"), directory + "/in"));

@@ -45,8 +45,8 @@ TEST_F(ImportCommandTest, SavesNothingUnlessAskedTo) {
   EXPECT_NE(loose.err.find("the study is not saved"), std::string::npos) << loose.err;
   // A stopped run tells why, and saves nothing.
   const std::string changed =
-      folder.write("changed.xml", replaced(replaced(otherStudy, "<PmCompoundResource", "<PmToolInstance"),
-                                           "</PmCompoundResource", "</PmToolInstance"));
+      folder.write("changed.xml", replaced(otherStudy, {{"<PmCompoundResource", "<PmToolInstance"},
+                                                        {"</PmCompoundResource", "</PmToolInstance"}}));
   const Outcome stopped = run({"import", file, changed, "--resources", "--in-place", "--json"});
   EXPECT_EQ(stopped.exitCode, 1);
   EXPECT_EQ(stopped.json()["messages"][0]["texts"], json({"C", "PmCompoundResource", "PmToolInstance"}));

@@ -30,9 +30,9 @@ TEST_F(ToolRead, CountsAndListsWhatAStudyHolds) {
 }
 
 TEST_F(ToolRead, MessagesOfTheBuildAreData) {
-  const std::string study =
-      replaced(smallStudy, "<children/><labels>", "<children><item>B</item></children><labels>");
-  const std::string named = replaced(study, "\"C\">", "\"C\"><name>Rack</name>");
+  const std::string named =
+      replaced(smallStudy, {{"<children/><labels>", "<children><item>B</item></children><labels>"},
+                            {"\"C\">", "\"C\"><name>Rack</name>"}});
   const Outcome info = run({"info", folder.write("shared.xml", named), "--json"});
   EXPECT_EQ(info.exitCode, 0);
   EXPECT_EQ(info.json()["messages"], json::parse(R"([{
@@ -88,12 +88,12 @@ TEST_F(ToolRead, DepthCostsNoStack) {
 }
 
 TEST_F(ToolRead, TextDrawsBranches) {
-  const std::string study = replaced(smallStudy, "<children><item>B</item></children><layout>LA",
-                                     "<children><item>D</item><item>B</item></children><layout>LA");
   const std::string full =
-      replaced(study, "  </Objects>",
-               made("PmCompoundPart", "D", "Product", "<name>two\nlines</name>" + listOf("children", "F")) +
-                   made("PmPartInstance", "F", "Product") + "</Objects>");
+      replaced(smallStudy,
+               {{"<children><item>B</item></children><layout>LA", listOf("children", "D B") + "<layout>LA"},
+                {"  </Objects>",
+                 made("PmCompoundPart", "D", "Product", "<name>two\nlines</name>" + listOf("children", "F")) +
+                     made("PmPartInstance", "F", "Product") + "</Objects>"}});
   EXPECT_EQ(run({"tree", folder.write("a.xml", full), "--root", "A"}).out,
             "Body  PmCompoundPart  A\n"
             "├─ two␊lines  PmCompoundPart  D\n"
@@ -130,9 +130,8 @@ TEST_F(ToolRead, MembersAreSetAndSaved) {
                  "variantFilter=7"})
                 .exitCode,
             0);
-  const std::string expected =
-      replaced(replaced(smallStudy, ">ada<", ">grace<"), "<VariantFilter>0", "<VariantFilter>7");
-  EXPECT_EQ(folder.read("new.xml"), expected);
+  EXPECT_EQ(folder.read("new.xml"),
+            replaced(smallStudy, {{">ada<", ">grace<"}, {"<VariantFilter>0", "<VariantFilter>7"}}));
 }
 
 TEST_F(ToolRead, PrototypesAreListedInDocumentOrder) {

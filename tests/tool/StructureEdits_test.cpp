@@ -72,10 +72,9 @@ TEST_F(ToolStructureEdits, DeletedObjectsLeaveTheirDebris) {
 }
 
 // B stands in A, which counts, and in C.
-const std::string sharedStudy =
-    replaced(replaced(smallStudy, "<parents><item>A</item></parents>",
-                      "<parents><item>A</item><item>C</item></parents>"),
-             "\"C\"><parents/><children/>", "\"C\"><parents/><children><item>B</item></children>");
+const std::string sharedStudy = replaced(
+    smallStudy, {{"<parents><item>A</item></parents>", "<parents><item>A</item><item>C</item></parents>"},
+                 {"\"C\"><parents/><children/>", "\"C\"><parents/><children><item>B</item></children>"}});
 
 TEST_F(ToolStructureEdits, SharedObjectsAreDeletedOrUnshared) {
   expectLines(edited(folder, sharedStudy, "delete B\n"), {R"({"result": true, "id": "B", "gone": false})"});
@@ -118,9 +117,9 @@ TEST_F(ToolStructureEdits, LabelsAndPrototypesAreGivenAndTaken) {
 }
 
 TEST_F(ToolStructureEdits, TheStudyIsPublishedWithoutOperationShortcuts) {
-  const std::string study = replaced(smallStudy, "<linkExternalID>A<", "<linkExternalID>O<");
-  const std::string withOperation =
-      replaced(study, "  </Objects>", document_test::made("PmOperation", "O", "Operation") + "</Objects>");
+  const std::string withOperation = replaced(
+      smallStudy, {{"<linkExternalID>A<", "<linkExternalID>O<"},
+                   {"  </Objects>", document_test::made("PmOperation", "O", "Operation") + "</Objects>"}});
   expectLines(edited(folder, withOperation, "filter-study\n"), {R"({"result": true})"});
   EXPECT_THAT(folder.read("out.xml"), HasSubstr("<children/><info/>"));
   EXPECT_EQ(folder.read("new.xml"), withOperation);

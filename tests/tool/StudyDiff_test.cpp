@@ -10,7 +10,6 @@ namespace {
 using namespace tool_test;
 using namespace document_test;
 using Strings = std::vector<std::string>;
-using Edits = std::vector<std::pair<std::string, std::string>>;
 
 // One line per difference.
 Strings linesOf(const zelstudy::StudyDiff& diff) {
@@ -33,28 +32,19 @@ Strings diffOf(std::string_view before, std::string_view after) {
   return linesOf(zelstudy::diffStudies(parse(before), parse(after)));
 }
 
-std::string edited(std::string text, const Edits& edits) {
-  for (const auto& [from, to] : edits) text = replaced(text, from, to);
-  return text;
-}
-
 const std::string parentsOfB = "Türgriff</name><parents><item>A</item></parents>",
                   childrenOfA = "<children><item>B</item></children><layout>LA",
                   objectC = "\"C\"><parents/><children/>", listOfLA = "<children><item>LB</item></children>",
                   rotationOfB = "<item>0.500000</item>",
                   absoluteB = "<x>11.000000</x><y>22.000000</y><z>33.000000</z>",
-                  labelL =
-                      "<Label ExternalId=\"L\"><name>Mind the gap</name><NodeInfo><family>Label</family>"
-                      "</NodeInfo></Label>",
-                  end = "  </Objects>",
-                  layoutC =
-                      "<PmLayout ExternalId=\"LC\"><location><item>0</item><item/><item/></location>"
-                      "<rotation><item/><item/><item/></rotation><children/><parent>NULL</parent>"
-                      "<node>C</node></PmLayout>";
+                  labelL = made("Label", "L", "Label", "<name>Mind the gap</name>"), end = "  </Objects>",
+                  layoutC = bare("PmLayout", "LC",
+                                 "<location><item>0</item><item/><item/></location><rotation><item/><item/>"
+                                 "<item/></rotation><children/><parent>NULL</parent><node>C</node>");
 
 TEST(StudyDiff, TellsEachDifferenceOnce) {
   const struct {
-    Edits edits;
+    Replacements edits;
     Strings told;
   } cases[] = {
       {{}, {}},
@@ -115,8 +105,7 @@ TEST(StudyDiff, TellsEachDifferenceOnce) {
        {"B placement layout 3.741657 0.500000", R"(B field layout "LB" "LA")"}},
   };
   for (const auto& [edits, told] : cases)
-    EXPECT_EQ(diffOf(smallStudy, edited(std::string(smallStudy), edits)), told)
-        << (edits.empty() ? "" : edits[0].first);
+    EXPECT_EQ(diffOf(smallStudy, replaced(smallStudy, edits)), told) << (edits.empty() ? "" : edits[0].first);
 }
 
 TEST(StudyDiff, OrderAndWhiteSpaceSayNothing) {
@@ -173,12 +162,12 @@ TEST(StudyDiff, ObjectsWithoutAnIdOfTheirOwnAreFoundByContent) {
 }
 
 TEST_F(StudyTest, DiffTellsPeopleAndPrograms) {
-  const std::string other = folder.write(
-      "new.xml", edited(std::string(smallStudy), {{"<name>Türgriff</name>", "<name>Griff</name>"},
-                                                  {rotationOfB, "<item>0.25</item>"},
-                                                  {"<rz>0.500000</rz>", "<rz>0.25</rz>"},
-                                                  {labelL, ""},
-                                                  {"<item>L</item>", ""}}));
+  const std::string other =
+      folder.write("new.xml", replaced(smallStudy, {{"<name>Türgriff</name>", "<name>Griff</name>"},
+                                                    {rotationOfB, "<item>0.25</item>"},
+                                                    {"<rz>0.500000</rz>", "<rz>0.25</rz>"},
+                                                    {labelL, ""},
+                                                    {"<item>L</item>", ""}}));
   const Outcome json = run({"diff", file, other, "--json"});
   EXPECT_EQ(json.exitCode, 1);
   EXPECT_EQ(json.json(), nlohmann::json::parse(R"({"equal": false, "added": [],

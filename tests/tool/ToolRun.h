@@ -97,5 +97,11 @@ inline std::string replaced(std::string_view text, std::string_view from, std::s
   if (at == std::string_view::npos || text.find(from, at + 1) != std::string_view::npos) return {};
   return std::string(text.substr(0, at)) + std::string(to) + std::string(text.substr(at + from.size()));
 }
+using Replacements = std::vector<std::pair<std::string, std::string>>;
+inline std::string replaced(std::string_view text, const Replacements& replacements) {
+  std::string result(text);
+  for (const auto& [from, to] : replacements) result = replaced(result, from, to);
+  return result;
+}
 
 }  // namespace tool_test

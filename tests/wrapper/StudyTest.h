@@ -95,11 +95,9 @@ class StudyTest : public DocumentTest {
   }
   // The items of a list.
   std::string list(std::string_view id, const std::string& field) const {
-    IXMLDOMNodeList found;
-    element(id).selectNodes(field + "/item", found);
-    std::string text;
-    for (const IXMLDOMNode& entry : found) text += (text.empty() ? "" : " ") + entry.text();
-    return text;
+    ZelXmlList<std::string> texts;
+    zelXmlGetTextList(element(id), field, texts);
+    return joined(texts);
   }
   // Holds lists, each named by object and field, against their items.
   void expectLists(const std::vector<std::pair<std::string, std::string>>& expected) const {

@@ -139,7 +139,7 @@ TEST_F(EditsTest, DeletionGoesTheWayOfTheParents) {
   // A root that a study shows: the shortcut goes with its objects, the layout of a root stays.
   ASSERT_TRUE(remove("B"));
   EXPECT_EQ(deleted(), "LP P K I LI B");
-  EXPECT_EQ(list("S", "children") + list("S", "info"), "");
+  expectLists({{"S/children", ""}, {"S/info", ""}});
   EXPECT_TRUE(exists("LB"));
   EXPECT_EQ(roots(), "A S");
   EXPECT_FALSE(wrapper->deleteNodesList({}));
