@@ -1,14 +1,9 @@
 #include "rt/RTTran3D.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
-#include <random>
-#include <string>
-#include <vector>
 
 #include "dom/DomTesting.h"
 

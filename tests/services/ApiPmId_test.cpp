@@ -1,13 +1,8 @@
 #include "api/ApiPmId.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <random>
 #include <set>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "api/ApiPmIds.h"
 #include "dom/DomTesting.h"

@@ -1,9 +1,5 @@
 #include "api/ApiPmSessionManager.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "dom/DomTesting.h"
 

@@ -1,12 +1,7 @@
 #include "rw/RWClassicTValHashDictionary.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
-#include <random>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "dom/DomTesting.h"
 #include "rw/RWClassicTValHashSet.h"

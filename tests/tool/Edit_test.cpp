@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "StudyText.h"
 #include "tool/ToolRun.h"
 

@@ -1,7 +1,5 @@
 #include "zelstudy/StudyCheck.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <set>
 

@@ -1,7 +1,5 @@
 #include "zelstudy/StudyDiff.h"
 
-#include <gtest/gtest.h>
-
 #include "document/DocumentTest.h"
 #include "tool/ToolRun.h"
 
