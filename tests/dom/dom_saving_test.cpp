@@ -11,6 +11,7 @@ using namespace domtest;
 namespace {
 
 namespace fs = std::filesystem;
+using files_test::contentOf;
 
 class DomSaving : public DomTest {
  protected:

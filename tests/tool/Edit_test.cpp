@@ -80,11 +80,7 @@ TEST_F(ToolEdit, RefusalsCarryTheirReason) {
 }
 
 constexpr std::string_view refusedInTheMiddle =
-    "rename A First\n"
-    "\n"
-    "rename X Second\n"
-    "rename B Third\n"
-    "move B X\n";
+    "rename A First\n\nrename X Second\nrename B Third\nmove B X\n";
 
 TEST_F(ToolEdit, AStoppedScriptSavesNothing) {
   const std::string script = folder.write("s", refusedInTheMiddle);
