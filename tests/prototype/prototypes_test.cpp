@@ -16,6 +16,7 @@ std::string usage(const std::string& id, const std::string& uses) {
 std::string prototype(const std::string& id, const std::string& fields = "") {
   return made("PmPartPrototype", id, "PartPrototype", fields + field("threeDRep", "R" + id));
 }
+
 // A study on prototypes, and a directory for their files, which is the system root.
 class PrototypesTest : public StudyTest {
  protected:

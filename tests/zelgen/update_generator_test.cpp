@@ -9,6 +9,7 @@
 
 namespace zelgen_test {
 namespace {
+
 using UpdateGeneratorTest = document_test::StudyTest;
 
 std::string updateOf(const std::string& text, std::uint64_t seed) {
@@ -18,6 +19,7 @@ std::string updateOf(const std::string& text, std::uint64_t seed) {
   EXPECT_TRUE(zelgen::generateUpdate(options, parse(text), sink, reason)) << reason;
   return update;
 }
+
 TEST_F(UpdateGeneratorTest, HoldsTheSharesAskedForAndAgreesWithWhatItLeavesAlone) {
   for (const std::uint64_t seed : {1u, 2u, 3u}) {
     SCOPED_TRACE("seed " + std::to_string(seed));
