@@ -49,8 +49,8 @@ inline std::string part(const std::string& id, const std::string& parents, const
                   (isInstance ? "" : listOf("children", children)) + field("layout", "L" + id));
 }
 // A layout object at these relative and absolute positions, without rotation.
-inline std::string layout(const std::string& id, const std::string& node, const std::string& parent,
-                          const std::string& children, int relative, int absolute) {
+inline std::string layout(const std::string& id, const std::string& node, const std::string& parent = "NULL",
+                          const std::string& children = "", int relative = 0, int absolute = 0) {
   const auto along = [](int x) { return items(std::to_string(x) + ".000000 0.000000 0.000000"); };
   const std::string zeros =
       "<y>0.000000</y><z>0.000000</z><rx>0.000000</rx><ry>0.000000</ry><rz>0.000000</rz>";

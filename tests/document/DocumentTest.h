@@ -1,31 +1,16 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
 #include "StudyText.h"
 #include "api/ApiPmIds.h"
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
-#include "dom/IXMLDOMDocument.h"
+#include "dom/DomTesting.h"
 
 namespace document_test {
 
-inline IXMLDOMDocument parse(std::string_view text) {
-  IXMLDOMDocument document = IXMLDOMDocument::create();
-  DomError error;
-  EXPECT_TRUE(document.loadXML(text, &error)) << error.message();
-  return document;
-}
-
-inline IXMLDOMNode at(const IXMLDOMNode& node, std::string_view path) {
-  IXMLDOMNode found;
-  EXPECT_TRUE(node.selectSingleNode(path, found)) << path;
-  return found;
-}
+using domtest::at;
+inline IXMLDOMDocument parse(std::string_view text) { return domtest::parsed(text); }
 
 inline IXMLDOMNode object(const IXMLDOMDocument& document, std::string_view id) {
   IXMLDOMElement found;

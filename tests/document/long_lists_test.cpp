@@ -1,5 +1,4 @@
 #include "document/DocumentTest.h"
-#include "dom/DomTesting.h"
 
 using namespace document_test;
 

@@ -73,7 +73,7 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
 
 TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
   build(equipment("E", "O P") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
-        layout("LO", "O", "NULL", "", 0, 0) + occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
+        layout("LO", "O") + occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
   publish();
   const RTTran3D place({1, 2, 3}, {0.1, 0.2, 0.3});
   EXPECT_TRUE(occurs(node("O")).setLocation(place));
@@ -98,7 +98,7 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
 
   // The copies before one that cannot be made stay.
   build(equipment("E", "O A") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
-        layout("LO", "O", "NULL", "", 0, 0) + part("A", "", "-"));
+        layout("LO", "O") + part("A", "", "-"));
   EXPECT_FALSE(wrapper->copyOccurrences(*node("E"), *node("F"))) << "A is no occurrence";
   EXPECT_EQ(list("F", "children").size(), std::string("new5").size());
   EXPECT_TRUE(wrapper->copyOccurrences(*node("E"), *node("tool"))) << "nothing to do";

@@ -124,10 +124,9 @@ TEST_F(ImportTest, StudiesMergeTheirLists) {
 TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
   std::string children;
   for (const std::string id : {"X", "Y", "Z", "V"})
-    children += part(id, "A", "-") + layout("L" + id, id, "LA", "", 0, 0);
-  build(part("A", "", "X Y Z V") + part("B", "", "") + children +
-        layout("LA", "A", "NULL", "LX LY LZ LV", 0, 0) + layout("LB", "B", "NULL", "", 0, 0) +
-        made("PmShortcut", "K", "Shortcut", "<parent>old</parent>") +
+    children += part(id, "A", "-") + layout("L" + id, id, "LA");
+  build(part("A", "", "X Y Z V") + part("B", "", "") + children + layout("LA", "A", "NULL", "LX LY LZ LV") +
+        layout("LB", "B") + made("PmShortcut", "K", "Shortcut", "<parent>old</parent>") +
         made("PmToolboxUsage", "U", "PmToolboxUsage", "<name>old</name>"));
   publish();
   const ZelNode* a = node("A");
@@ -154,8 +153,8 @@ TEST_F(ImportTest, KnownObjectsTakeTheNewData) {
 }
 
 TEST_F(ImportTest, ANewParentCountsForItsChildren) {
-  build(part("A", "", "X") + part("X", "A", "-") + part("Y", "", "-") + layout("LA", "A", "NULL", "", 0, 0));
-  give(part("N", "A", "X Y M") + part("M", "N", "-") + layout("LN", "N", "LA", "", 0, 0), 2);
+  build(part("A", "", "X") + part("X", "A", "-") + part("Y", "", "-") + layout("LA", "A"));
+  give(part("N", "A", "X Y M") + part("M", "N", "-") + layout("LN", "N", "LA"), 2);
   EXPECT_EQ(run(), "N M LN");
   EXPECT_EQ(list("A", "children"), "X N") << "the former parent still lists the child";
   EXPECT_EQ(parentsOf({"X", "Y", "M", "N"}), "N N N A");

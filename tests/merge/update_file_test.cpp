@@ -18,7 +18,7 @@ std::string info(const std::string& id) {
 std::string infoLayout(const std::string& id, const std::string& place) {
   return made("PmStudyLayout", "L" + id, "PmStudyLayout", field("location", place));
 }
-std::string rootLayout(const std::string& children) { return layout("LA", "A", "NULL", children, 0, 0); }
+std::string rootLayout(const std::string& children) { return layout("LA", "A", "NULL", children); }
 std::string layoutOf(const std::string& id, const std::string& parent, const std::string& children = "") {
   return layout("L" + id, id, parent, children, 1, 1);
 }

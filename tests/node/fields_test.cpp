@@ -112,8 +112,7 @@ TEST_F(FieldsTest, ALabelBelongsToItsObject) {
 }
 
 TEST_F(FieldsTest, AttachmentsTieTwoLayouts) {
-  build(part("A", "", "") + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
-        layout("LB", "B", "NULL", "", 0, 0));
+  build(part("A", "", "") + part("B", "", "") + layout("LA", "A") + layout("LB", "B"));
   publish();
   auto* attached = zelQuery<ZelGlobalAttachment>(node("A"));
   const RTTran3D placement({1, 2, 3}, {0, 0, 0.5});

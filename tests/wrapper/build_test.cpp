@@ -1,8 +1,9 @@
-#include "wrapper/StudyTest.h"
-
 #include <map>
 #include <set>
 #include <sstream>
+
+#include "Folder.h"
+#include "wrapper/StudyTest.h"
 
 using namespace document_test;
 
@@ -84,11 +85,7 @@ TEST_F(BuildTest, ServesTheInterfacesOfEachClassOnOneObject) {
       {14, {1, 2, 18, 19, 26}},
       {145, {2, 19, 30}},
   };
-  open("");
-  DomError error;
-  const IXMLDOMDocument cell = IXMLDOMDocument::create();
-  ASSERT_TRUE(cell.load(ZELXML_SOURCE_DIR "/examples/cell/cell.xml", &error)) << error.message();
-  session().setImportedDocumentAndDocRef(cell, {});
+  openText(files_test::contentOf(ZELXML_SOURCE_DIR "/examples/cell/cell.xml"));
   ASSERT_TRUE(wrapper->read());
   ZelNodeList nodes;
   wrapper->getAllNodes(nodes);
@@ -154,7 +151,7 @@ TEST_F(BuildTest, OddDocumentsLoadAsFarAsTheyGo) {
   EXPECT_EQ(wrapper->nodesNum(), 2);
   EXPECT_EQ(roots(), "");
   for (const char* text : {"<Data/>", "<Data><Objects/></Data>", "<Other/>"}) {
-    session().setImportedDocumentAndDocRef(parse(text), {});
+    openText(text);
     EXPECT_TRUE(wrapper->build(true)) << text;
     EXPECT_EQ(wrapper->nodesNum(), 0) << text;
   }
@@ -180,7 +177,7 @@ TEST_F(BuildTest, TheStudyCarriesTheSessionsData) {
   session().projectId = {};
   session().variantFilter = 0;
   session().rootNodeIdByte = 1;
-  session().setImportedDocumentAndDocRef(parse(saved.str()), {});
+  openText(saved.str());
   ASSERT_TRUE(wrapper->read());
   EXPECT_EQ(session().userName, "planner <1>");
   EXPECT_EQ(session().projectId.text(), "project");
@@ -189,7 +186,7 @@ TEST_F(BuildTest, TheStudyCarriesTheSessionsData) {
 }
 
 TEST_F(BuildTest, ARegisteredIdKeepsItsFormerNodeAliveUntilTheNextBuild) {
-  build(part("A", "", "-") + layout("LA", "A", "NULL", "", 0, 0));
+  build(part("A", "", "-") + layout("LA", "A"));
   ZelNode* former = node("A");
   ZelNode* later = wrapper->createRoot(ZEL_PART_INSTANCE, ApiPmId("A"));
   ASSERT_TRUE(later);

@@ -72,8 +72,7 @@ TEST_F(EditsTest, NothingMovesUnderItselfOrBelow) {
 
 TEST_F(EditsTest, ListsThatDisagreeMakeNoCycleEither) {
   // Only A's list names B: going up from B finds nothing.
-  build(part("A", "", "B") + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
-        layout("LB", "B", "NULL", "", 0, 0));
+  build(part("A", "", "B") + part("B", "", "") + layout("LA", "A") + layout("LB", "B"));
   wrapper->relevantParentFinder().removeRelevantParent(ApiPmId("B"));
   EXPECT_FALSE(collection("B")->moveChild(node("A")));
   EXPECT_EQ(list("B", "children"), "");
@@ -149,8 +148,7 @@ TEST_F(EditsTest, DeletionGoesTheWayOfTheParents) {
 
 TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
   build(part("A", "", "P") + part("B", "", "P") + part("C", "", "P") + part("P", "A B C", "-") +
-        layout("LA", "A", "NULL", "LP", 0, 0) + layout("LB", "B", "NULL", "LP", 0, 0) +
-        layout("LP", "P", "LB", "", 0, 0));
+        layout("LA", "A", "NULL", "LP") + layout("LB", "B", "NULL", "LP") + layout("LP", "P", "LB"));
   ASSERT_TRUE(wrapper->removeSharing());
   expectLists(
       {{"P/parents", "A"}, {"A/children", "P"}, {"B/children", ""}, {"C/children", ""}, {"LB/children", ""}});
@@ -166,7 +164,7 @@ TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
 }
 
 TEST_F(EditsTest, AnObjectWithAParentThatDoesNotCountIsKept) {
-  build(part("P", "gone", "-") + layout("LP", "P", "NULL", "", 0, 0));
+  build(part("P", "gone", "-") + layout("LP", "P"));
   EXPECT_FALSE(remove("P"));
   EXPECT_TRUE(exists("P"));
   EXPECT_EQ(roots(), "P");

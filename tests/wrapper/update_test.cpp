@@ -27,13 +27,12 @@ class UpdateTest : public StudyTest {
 
 TEST_F(UpdateTest, AFullUpdateAddsReplacesAndRemoves) {
   build(part("A", "", "X Y") + part("X", "A", "-") + part("Y", "A", "-") + part("B", "", "") +
-        layout("LA", "A", "NULL", "", 0, 0) + layout("LB", "B", "NULL", "", 0, 0) +
-        named("Label", "N", "Label", "old") + studyOf("S", "", ""));
+        layout("LA", "A") + layout("LB", "B") + named("Label", "N", "Label", "old") + studyOf("S", "", ""));
   publish();
   ZelNode* a = node("A");
   // A lost X, which is gone, and Y, which moved to B; C is new below B; the label's new data is dropped.
   give(part("A", "", "") + part("B", "", "Y") + part("Y", "B", "-") + part("C", "B", "-") +
-       layout("LC", "C", "LB", "", 0, 0) + named("Label", "N", "Label", "new") + partWithoutId +
+       layout("LC", "C", "LB") + named("Label", "N", "Label", "new") + partWithoutId +
        made("PmPartInstance", "", "Product"));
   EXPECT_EQ(full(), "A B Y C LC N   - X");
   EXPECT_FALSE(exists("")) << "an object that nothing could find stays out";
@@ -54,10 +53,10 @@ TEST_F(UpdateTest, AFullUpdateAddsReplacesAndRemoves) {
 }
 
 TEST_F(UpdateTest, AnIncrementalUpdateOnlyAdds) {
-  build(part("A", "", "X") + part("X", "A", "-") + layout("LA", "A", "NULL", "", 0, 0) +
+  build(part("A", "", "X") + part("X", "A", "-") + layout("LA", "A") +
         named("MarvekStudy", "S", "Study", "old"));
   ZelNode* theStudy = node("S");
-  give(part("A", "", "") + part("C", "A", "-") + layout("LC", "C", "LA", "", 0, 0) +
+  give(part("A", "", "") + part("C", "A", "-") + layout("LC", "C", "LA") +
        named("MarvekStudy", "S", "Study", "new") + shortcutTo("K", "C", ""));
   EXPECT_EQ(incremental(), "A C S");
   EXPECT_EQ(list("A", "children"), "X C");
