@@ -4,7 +4,7 @@ using namespace document_test;
 
 namespace {
 
-std::string layout(const std::string& id, const std::string& x, const std::string& absoluteX,
+std::string placed(const std::string& id, const std::string& x, const std::string& absoluteX,
                    const std::string& children = {}) {
   const std::string zeros = "<item/><item/><item/>";
   const std::string absolute =
@@ -57,7 +57,7 @@ TEST_F(DocumentTransforms, AbsoluteLocationNeedsAllSixAndMakesNone) {
 }
 
 TEST_F(DocumentTransforms, AMoveWithinRoundingChangesNothing) {
-  open(layout("a", "1", "1"));
+  open(placed("a", "1", "1"));
   const std::string before = objects();
   EXPECT_TRUE(zelXmlMoveLayout(study, element("a"), RTTran3D({1e-10, 0, 0}, {0, 0, -1e-10})));
   EXPECT_EQ(objects(), before);
@@ -66,14 +66,14 @@ TEST_F(DocumentTransforms, AMoveWithinRoundingChangesNothing) {
 }
 
 TEST_F(DocumentTransforms, PropagationEndsAtTheFirstLayoutThatCannotBeWritten) {
-  open(layout("a", "0", "0", "b c d") + layout("b", "1", "1") + layout("c", "2", "") + layout("d", "3", "3"));
+  open(placed("a", "0", "0", "b c d") + placed("b", "1", "1") + placed("c", "2", "") + placed("d", "3", "3"));
   EXPECT_FALSE(zelXmlPropagateAbsoluteLocation(study, element("a"), along(10)));
   EXPECT_EQ(absoluteX("a") + " " + absoluteX("b") + " " + absoluteX("d"), "10.000000 11.000000 3");
 }
 
 TEST_F(DocumentTransforms, PropagationEndsOnCyclesAndTheLastRoadPlacesASharedLayout) {
-  open(layout("a", "1", "1", "b c") + layout("b", "2", "3", "s a") + layout("c", "5", "6", "s c") +
-       layout("s", "1", "0", "t b") + layout("t", "1", "0"));
+  open(placed("a", "1", "1", "b c") + placed("b", "2", "3", "s a") + placed("c", "5", "6", "s c") +
+       placed("s", "1", "0", "t b") + placed("t", "1", "0"));
   EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("a"), along(10)));
   EXPECT_EQ(absoluteX("a") + " " + absoluteX("c") + " " + absoluteX("s") + " " + absoluteX("t"),
             "10.000000 15.000000 16.000000 17.000000");
@@ -82,10 +82,10 @@ TEST_F(DocumentTransforms, PropagationEndsOnCyclesAndTheLastRoadPlacesASharedLay
 TEST_F(DocumentTransforms, PropagationIsNotBoundByTheStackOrByTheNumberOfRoads) {
   // A chain of 30,000, and 60 rows of two in which each lists both of the next row: 2^60 roads.
   std::string text;
-  for (int i = 0; i < 30000; ++i) text += layout(name("l", i), "1", "0", name("l", i + 1));
+  for (int i = 0; i < 30000; ++i) text += placed(name("l", i), "1", "0", name("l", i + 1));
   for (int i = 0; i < 60; ++i)
     for (const char* side : {"a", "b"})
-      text += layout(name(side, i), "1", "0", name("a", i + 1) + " " + name("b", i + 1));
+      text += placed(name(side, i), "1", "0", name("a", i + 1) + " " + name("b", i + 1));
   open(text);
   EXPECT_TRUE(zelXmlPropagateAbsoluteLocation(study, element("l0"), along(0)));
   EXPECT_EQ(absoluteX("l29999"), "29999.000000");
