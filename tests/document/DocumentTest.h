@@ -1,30 +1,16 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <string_view>
-
+#include "StudyText.h"
 #include "api/ApiPmIds.h"
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
-#include "dom/IXMLDOMDocument.h"
+#include "dom/DomTesting.h"
 
 namespace document_test {
 
-inline IXMLDOMDocument parse(std::string_view text) {
-  IXMLDOMDocument document = IXMLDOMDocument::create();
-  DomError error;
-  EXPECT_TRUE(document.loadXML(text, &error)) << error.message();
-  return document;
-}
-
-inline IXMLDOMNode at(const IXMLDOMNode& node, std::string_view path) {
-  IXMLDOMNode found;
-  EXPECT_TRUE(node.selectSingleNode(path, found)) << path;
-  return found;
-}
+using domtest::at;
+inline IXMLDOMDocument parse(std::string_view text) { return domtest::parsed(text); }
 
 inline IXMLDOMNode object(const IXMLDOMDocument& document, std::string_view id) {
   IXMLDOMElement found;
@@ -33,6 +19,8 @@ inline IXMLDOMNode object(const IXMLDOMDocument& document, std::string_view id) 
 }
 
 inline std::string root(const IXMLDOMDocument& document) { return document.documentElement().xml(); }
+
+inline RTTran3D along(double x) { return RTTran3D({x, 0, 0}, {}); }
 
 // A study held by the session, an OUT document with an index, and new ids "new1", "new2", ...
 class DocumentTest : public testing::Test {
@@ -53,11 +41,13 @@ class DocumentTest : public testing::Test {
   static ApiPmXmlCachedDocument& cached() { return session().cachedDocument(); }
 
   // `objects` is the content of Data/Objects.
-  void open(const std::string& objects) {
-    study = parse("<Data><Objects>" + objects + "</Objects></Data>");
+  void open(const std::string& objects) { openText(dataOf(objects)); }
+  void openText(const std::string& text) {
+    study = parse(text);
     session().setImportedDocumentAndDocRef(study, {});
   }
   IXMLDOMNode element(std::string_view id) const { return object(study, id); }
+  std::string text(std::string_view id, std::string_view path) const { return at(element(id), path).text(); }
   std::string objects() const {
     std::string text;
     for (auto child = at(study, "Data/Objects").firstElementChild(); child;
@@ -73,9 +63,5 @@ class DocumentTest : public testing::Test {
  private:
   int ids_ = 0;
 };
-
-inline std::string updates(const std::string& content) {
-  return "<Data><Objects command=\"DG_UPDATE_STREAM_COMMAND\">" + content + "</Objects></Data>";
-}
 
 }  // namespace document_test

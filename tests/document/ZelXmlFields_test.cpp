@@ -65,7 +65,7 @@ TEST(DocumentFields, IdListsHoldEachIdOnceButKeepWhatTheyHeld) {
   ApiPmIdList expected = idList({"b", "b"});
   for (int i = 0; i < 40; ++i) {
     const std::string id = "id" + std::to_string(i % 25);
-    items += "<item>" + id + "</item><item>b</item>";
+    items += item(id) + item("b");
     if (i < 25) expected.append(ApiPmId(id));
     if (i == 0) expected.append(ApiPmId("b"));
   }

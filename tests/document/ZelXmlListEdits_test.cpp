@@ -8,9 +8,10 @@ class DocumentListEdits : public DocumentTest {
  protected:
   void SetUp() override {
     DocumentTest::SetUp();
-    open(
-        "<P ExternalId=\"p\"><children><item>a</item></children><parents/><parent>q</parent></P>"
-        "<PmStudyLayout ExternalId=\"bare\"/>");
+    open(withLists("a", "") + bare("PmStudyLayout", "bare"));
+  }
+  static std::string withLists(const std::string& children, const std::string& parents) {
+    return bare("P", "p", listOf("children", children) + listOf("parents", parents) + "<parent>q</parent>");
   }
 };
 
@@ -23,9 +24,7 @@ TEST_F(DocumentListEdits, AnIdStandsOnceInAList) {
     EXPECT_TRUE(zelXmlContainsChild(p, ApiPmId(id)));
     EXPECT_FALSE(zelXmlAddChildItem(bare, ApiPmId(id)) || zelXmlAddParentItem(bare, ApiPmId(id)));
   }
-  EXPECT_EQ(p.xml(),
-            "<P ExternalId=\"p\"><children><item>a</item><item>b</item></children><parents><item>a</item>"
-            "<item>b</item></parents><parent>q</parent></P>");
+  EXPECT_EQ(p.xml(), withLists("a b", "a b"));
 }
 
 // Long lists are remembered between calls: whoever changes them besides must not go unseen.
@@ -55,19 +54,16 @@ TEST_F(DocumentListEdits, RemovingWhatIsNotThereIsTrueForChildrenAndFalseForPare
   EXPECT_TRUE(zelXmlRemoveParentItem(p, out, ApiPmId("x")));
   EXPECT_EQ(root(out), updates(p.xml()));
   EXPECT_TRUE(zelXmlRemoveChildAndPublish(out, p, ApiPmId("a")));
-  EXPECT_EQ(p.xml(), "<P ExternalId=\"p\"><children/><parents/><parent>q</parent></P>");
+  EXPECT_EQ(p.xml(), withLists("", ""));
   EXPECT_EQ(root(out), updates(p.xml()));
 }
 
 TEST_F(DocumentListEdits, FamiliesAreFilledInByClass) {
-  open("<PmLayout/><PmStudyLayout><NodeInfo><family>old</family></NodeInfo></PmStudyLayout><Strange/>");
-  const std::string info = "<NodeInfo><family>";
-  const std::string layout = "<PmLayout>" + info + "PmLayout</family></NodeInfo></PmLayout>";
+  open("<PmLayout/>" + field("PmStudyLayout", familyOf("old")) + "<Strange/>");
+  const std::string layout = field("PmLayout", familyOf("PmLayout"));
   EXPECT_TRUE(zelXmlFillFamily(study, "PmLayout"));
-  EXPECT_EQ(objects(),
-            layout + "<PmStudyLayout>" + info + "old</family></NodeInfo></PmStudyLayout><Strange/>");
+  EXPECT_EQ(objects(), layout + field("PmStudyLayout", familyOf("old")) + "<Strange/>");
   EXPECT_TRUE(zelXmlFillFamily(study, ""));
-  EXPECT_EQ(objects(), layout + "<PmStudyLayout>" + info +
-                           "PmStudyLayout</family></NodeInfo></PmStudyLayout><Strange/>");
+  EXPECT_EQ(objects(), layout + field("PmStudyLayout", familyOf("PmStudyLayout")) + "<Strange/>");
   EXPECT_FALSE(zelXmlFillFamily(none, ""));
 }

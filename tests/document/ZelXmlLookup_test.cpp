@@ -9,9 +9,8 @@ using DocumentLookup = DocumentTest;
 }  // namespace
 
 TEST_F(DocumentLookup, ADocumentWithoutIndexIsSearched) {
-  const IXMLDOMDocument document = parse(
-      "<Data><Objects><A><x ExternalId='a\"]'/></A><B ExternalId='NULL'/><B "
-      "ExternalId=''/></Objects></Data>");
+  const IXMLDOMDocument document =
+      parse(dataOf("<A><x ExternalId='a\"]'/></A><B ExternalId='NULL'/><B ExternalId=''/>"));
   IXMLDOMNode found;
   EXPECT_TRUE(zelXmlFindNodeById(document, std::string_view("a\"]"), found));
   EXPECT_EQ(found.nodeName(), "x");
@@ -40,10 +39,7 @@ TEST_F(DocumentLookup, ALayoutIsOwnedByItsNodeElseByWhoNamesIt) {
       "<L ExternalId='l1'><node>o</node></L><L ExternalId='l2'/><L ExternalId='l3'><node/></L>"
       "<L ExternalId='l4'/><P ExternalId='p'><layout>l2</layout></P><P ExternalId='q'><layout>l3</layout></P>"
       "<P><layout>l4</layout></P>");
-  const struct {
-    const char* layout;
-    const char* owner;
-  } cases[] = {{"l1", "o"}, {"l2", "p"}, {"l3", ""}, {"l4", ""}};
+  const struct { const char *layout, *owner; } cases[] = {{"l1", "o"}, {"l2", "p"}, {"l3", ""}, {"l4", ""}};
   for (const auto& c : cases) {
     ApiPmId owner;
     EXPECT_EQ(zelXmlGetLayoutOwnerId(study, element(c.layout), owner), *c.owner != 0) << c.layout;
@@ -52,7 +48,7 @@ TEST_F(DocumentLookup, ALayoutIsOwnedByItsNodeElseByWhoNamesIt) {
 }
 
 TEST_F(DocumentLookup, TheDataElementOfAnInstanceIsItsPrototypeElseItsMasters) {
-  const std::string tool = "<NodeInfo><family>ToolPrototype</family></NodeInfo>";
+  const std::string tool = familyOf("ToolPrototype");
   open(
       "<T ExternalId='p'/><T ExternalId='direct'><prototype>p</prototype><masterObj>m2</masterObj></T>"
       "<T ExternalId='byMaster'><prototype>NULL</prototype><masterObj>m1</masterObj></T>"
@@ -60,8 +56,7 @@ TEST_F(DocumentLookup, TheDataElementOfAnInstanceIsItsPrototypeElseItsMasters) {
       "<T ExternalId='m1'><prototype>p</prototype>" +
       tool + "</T><T ExternalId='m2'>" + tool + "</T>");
   const struct {
-    const char* instance;
-    const char* prototype;
+    const char *instance, *prototype;
   } cases[] = {{"direct", "p"}, {"byMaster", "p"}, {"master", "m2"}, {"no", ""}, {"p", ""}};
   for (const auto& c : cases) {
     IXMLDOMNode prototype;
@@ -74,12 +69,10 @@ TEST_F(DocumentLookup, TheDataElementOfAnInstanceIsItsPrototypeElseItsMasters) {
 }
 
 TEST_F(DocumentLookup, AnAssemblyIsParentOfAssembliesOnly) {
-  const std::string product = "<NodeInfo><family>Product</family></NodeInfo>";
-  open("<PmDvProcessAssembly ExternalId='assembly'>" + product + "</PmDvProcessAssembly>" +
-       "<PmCompoundPart ExternalId='part'>" + product + "</PmCompoundPart><PmX ExternalId='other'/>");
+  open(made("PmDvProcessAssembly", "assembly", "Product") + made("PmCompoundPart", "part", "Product") +
+       bare("PmX", "other"));
   const struct {
-    const char* parent;
-    const char* child;
+    const char *parent, *child;
     bool isRelevant;
   } cases[] = {{"assembly", "assembly", true}, {"assembly", "part", false}, {"assembly", "gone", false},
                {"part", "assembly", false},    {"part", "part", true},      {"part", "gone", true},

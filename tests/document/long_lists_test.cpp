@@ -1,25 +1,21 @@
-#include <random>
-
 #include "document/DocumentTest.h"
 
 using namespace document_test;
 
 namespace {
 
-class DocumentLongLists : public DocumentTest {};
+using DocumentLongLists = DocumentTest;
 
 }  // namespace
 
 // However an element with a long list is changed between publications, its copy is that of an element which
 // is published from nothing, with the comment and the name that were published apart.
 TEST_F(DocumentLongLists, PublishingPatchesNothingThatItShouldCopy) {
-  const unsigned seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  std::mt19937 random(domtest::seed());
   std::string items;
-  for (int i = 0; i < 100; ++i) items += "<item>c" + std::to_string(i) + "</item>";
-  open("<P ExternalId=\"p\"><name>n</name><children>" + items + "</children><info>" + items +
-       "</info><layout/></P><Q ExternalId=\"q\"/>");
+  for (int i = 0; i < 100; ++i) items += item("c" + std::to_string(i));
+  open(bare("P", "p", "<name>n</name>" + field("children", items) + field("info", items) + "<layout/>") +
+       bare("Q", "q"));
   const IXMLDOMNode p = element("p"), q = element("q");
   ASSERT_TRUE(zelXmlPublishUpdate(out, p));
   int made = 0;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 
-#include <fstream>
 #include <functional>
 #include <random>
 #include <sstream>
@@ -73,13 +72,6 @@ inline void onSmallStack(std::function<void()> work) {
   ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
   pthread_join(thread, nullptr);
   pthread_attr_destroy(&attributes);
-}
-
-inline std::string contentOf(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
 }
 
 }  // namespace domtest

@@ -1,36 +1,27 @@
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstring>
-#include <filesystem>
 
 #include "DomFaults.h"
 #include "DomTesting.h"
+#include "Folder.h"
 
 using namespace domtest;
 
 namespace {
 
 namespace fs = std::filesystem;
+using files_test::contentOf;
 
 class DomSaving : public DomTest {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("zelxml_saving_" + std::to_string(::getpid()));
-    fs::create_directories(folder_);
-    target_ = (folder_ / "study.xml").string();
-  }
   void TearDown() override {
     Faults::clear();
-    fs::remove_all(folder_);
     DomTest::TearDown();
   }
-  std::size_t files() const {
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-  }
 
-  fs::path folder_;
-  std::string target_;
+  const files_test::Folder folder_;
+  const std::string target_ = folder_.path("study.xml");
 };
 
 TEST_F(DomSaving, EveryFailingStepLeavesTheFormerFileWhole) {
@@ -44,7 +35,7 @@ TEST_F(DomSaving, EveryFailingStepLeavesTheFormerFileWhole) {
     DomError error;
     const bool saved = document.save(target_, &error);
     Faults::clear();
-    EXPECT_EQ(files(), 1u) << "a temporary file is left after " << Faults::failed;
+    EXPECT_EQ(folder_.files().size(), 1u) << "a temporary file is left after " << Faults::failed;
     EXPECT_EQ(contentOf(target_), saved ? document.xml() : "<former/>") << Faults::failed;
     if (Faults::failed.empty()) break;
     if (saved) {
@@ -62,7 +53,7 @@ TEST_F(DomSaving, EveryFailingStepLeavesTheFormerFileWhole) {
 
 TEST_F(DomSaving, KeepsPermissionsAndFollowsLinks) {
   const IXMLDOMDocument document = parsed("<a/>\n");
-  const std::string link = (folder_ / "link.xml").string();
+  const std::string link = folder_.path("link.xml");
   fs::create_symlink("study.xml", link);
   ASSERT_TRUE(document.save(link)) << "a link to a file that is not there yet";
   EXPECT_TRUE(fs::is_symlink(link));

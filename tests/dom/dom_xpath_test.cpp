@@ -42,8 +42,7 @@ std::string matches(const IXMLDOMNode& node, std::string_view xpath) {
 TEST_F(DomXPath, FindsOrRefuses) {
   struct Case {
     const char* from;  // id of the element asked, empty for the document
-    const char* xpath;
-    const char* expected;
+    const char *xpath, *expected;
   };
   const Case cases[] = {
       {"", " / Data / Objects / Part ", "1 2"},

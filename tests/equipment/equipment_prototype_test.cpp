@@ -8,20 +8,15 @@ using namespace document_test;
 
 namespace {
 
-std::string of(const std::string& type, const std::string& family, const std::string& id,
-               const std::string& fields) {
-  return "<" + type + " ExternalId=\"" + id + "\">" + fields + "<NodeInfo><family>" + family +
-         "</family></NodeInfo></" + type + ">";
-}
 std::string equipment(const std::string& id, const std::string& children) {
-  return of("PmEquipmentPrototype", "EquipmentPrototype", id, "<children>" + children + "</children>");
+  return made("PmEquipmentPrototype", id, "EquipmentPrototype", listOf("children", children));
 }
 std::string occurrence(const std::string& type, const std::string& id, const std::string& holder) {
-  return of(type, "Resource", id,
-            "<name>" + id + "</name><layout>L" + id +
-                "</layout><prototype>tool</prototype><parentPrototype>" + holder + "</parentPrototype>");
+  return made(type, id, "Resource",
+              field("name", id) + field("layout", "L" + id) + field("prototype", "tool") +
+                  field("parentPrototype", holder));
 }
-const std::string tool = of("PmToolPrototype", "ToolPrototype", "tool", "");
+const std::string tool = made("PmToolPrototype", "tool", "ToolPrototype");
 
 class EquipmentPrototypeTest : public StudyTest {
  protected:
@@ -34,7 +29,7 @@ class EquipmentPrototypeTest : public StudyTest {
 };
 
 TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
-  build(equipment("E", "") + equipment("F", "") + tool + of("PmPartPrototype", "PartPrototype", "part", "") +
+  build(equipment("E", "") + equipment("F", "") + tool + made("PmPartPrototype", "part", "PartPrototype") +
         part("A", "", ""));
   publish();
   const std::string before = objects();
@@ -46,11 +41,11 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
   ZelNode* ofTool = prototype("E").createOccurrence(ApiPmId("tool"));
   ASSERT_NE(ofTool, nullptr);
   EXPECT_EQ(element("new1").xml(),
-            "<PmToolInstance ExternalId=\"new1\"><name/><layout>new2</layout><NodeInfo><family>Resource"
-            "</family></NodeInfo><prototype>tool</prototype><parentPrototype>E</parentPrototype>"
-            "</PmToolInstance>");
-  EXPECT_EQ(element("E").xml(), root(parse(equipment("E", item("new1")))));
-  EXPECT_EQ(at(element("new2"), "parent").text(), "NULL");
+            bare("PmToolInstance", "new1",
+                 "<name/><layout>new2</layout>" + familyOf("Resource") +
+                     "<prototype>tool</prototype><parentPrototype>E</parentPrototype>"));
+  EXPECT_EQ(element("E").xml(), equipment("E", "new1"));
+  EXPECT_EQ(text("new2", "parent"), "NULL");
   EXPECT_EQ(parentOf("new1"), "E");
   EXPECT_EQ(updated(), "E new1");
   ApiPmId id;
@@ -62,12 +57,12 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
   ZelNodeList children;
   EXPECT_TRUE(collection("E")->getChildren(children));
   EXPECT_EQ(children, (ZelNodeList{ofTool, ofEquipment}));
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A"}));
+  EXPECT_EQ(roots(), "A");
 
   // An occurrence is taken from the equipment that holds it.
   EXPECT_TRUE(prototype("F").addChild(ofTool));
-  EXPECT_EQ(list("E", "children") + " / " + list("F", "children"), "new3 / new1");
-  EXPECT_EQ(at(element("new1"), "parentPrototype").text(), "F");
+  expectLists({{"E/children", "new3"}, {"F/children", "new1"}});
+  EXPECT_EQ(text("new1", "parentPrototype"), "F");
   EXPECT_EQ(parentOf("new1"), "F");
 
   // What was made is an occurrence, too, for whoever opens the document.
@@ -77,9 +72,8 @@ TEST_F(EquipmentPrototypeTest, OccurrencesAreMadeOfToolsAndEquipments) {
 }
 
 TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
-  build(equipment("E", items({"O", "P"})) + equipment("F", "") + tool +
-        occurrence("PmToolInstance", "O", "E") + layout("LO", "O", "NULL", "", 0, 0) +
-        occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
+  build(equipment("E", "O P") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
+        layout("LO", "O") + occurrence("PmEquipmentPrototypeOccurrence", "P", "E"));
   publish();
   const RTTran3D place({1, 2, 3}, {0.1, 0.2, 0.3});
   EXPECT_TRUE(occurs(node("O")).setLocation(place));
@@ -87,7 +81,7 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
   EXPECT_FALSE(occurs(node("P")).setLocation(place)) << "it has no layout";
 
   EXPECT_TRUE(wrapper->copyOccurrences(*node("E"), *node("F")));
-  EXPECT_EQ(list("E", "children") + " / " + list("F", "children"), "O P / new1 new3");
+  expectLists({{"E/children", "O P"}, {"F/children", "new1 new3"}});
   RTTran3D copied;
   ApiPmPrototypeChildId child;
   ApiPmId id;
@@ -98,14 +92,13 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
   EXPECT_TRUE(occurs(node("new1")).getChildId(child) && child == ApiPmPrototypeChildId("stable"));
   EXPECT_FALSE(occurs(node("new3")).getChildId(child)) << "the original has none";
   EXPECT_TRUE(occurs(node("new3")).getPrototypeId(id) && id == ApiPmId("tool"));
-  RWClassicWString name;
-  EXPECT_TRUE(node("new3")->getName(name) && name == "P");
+  EXPECT_EQ(nameOf("new3"), "P");
   EXPECT_EQ(parentOf("new3"), "F");
   EXPECT_EQ(updated(), "new1 F new3");
 
   // The copies before one that cannot be made stay.
-  build(equipment("E", items({"O", "A"})) + equipment("F", "") + tool +
-        occurrence("PmToolInstance", "O", "E") + layout("LO", "O", "NULL", "", 0, 0) + part("A", "", "-"));
+  build(equipment("E", "O A") + equipment("F", "") + tool + occurrence("PmToolInstance", "O", "E") +
+        layout("LO", "O") + part("A", "", "-"));
   EXPECT_FALSE(wrapper->copyOccurrences(*node("E"), *node("F"))) << "A is no occurrence";
   EXPECT_EQ(list("F", "children").size(), std::string("new5").size());
   EXPECT_TRUE(wrapper->copyOccurrences(*node("E"), *node("tool"))) << "nothing to do";
@@ -114,8 +107,7 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
 TEST_F(EquipmentPrototypeTest, AnOccurrenceOfAnUpdateEntersItsEquipmentUnpublished) {
   build(equipment("E", "") + tool);
   publish();
-  wrapper->setUpdateDocument(
-      parse("<Data><Objects>" + occurrence("PmToolInstance", "O", "E") + "</Objects></Data>"));
+  wrapper->setUpdateDocument(parse(dataOf(occurrence("PmToolInstance", "O", "E"))));
   ApiPmIdList gone;
   ApiPmIdList updatedIds;
   EXPECT_TRUE(wrapper->update(gone, updatedIds, false));
@@ -127,8 +119,7 @@ TEST_F(EquipmentPrototypeTest, AnOccurrenceOfAnUpdateEntersItsEquipmentUnpublish
 }
 
 TEST_F(EquipmentPrototypeTest, WithoutAStableIdTheObjectsOwnIsTold) {
-  build(equipment("E", item("O")) +
-        of("PmEquipmentPrototypeOccurrence", "Resource", "O", "<cloneStableId/>"));
+  build(equipment("E", "O") + made("PmEquipmentPrototypeOccurrence", "O", "Resource", "<cloneStableId/>"));
   std::vector<std::string> lines;
   ApiLogLogger::instance()->setSink(
       [&](std::string_view category, std::string_view, int, int level, std::string_view text) {

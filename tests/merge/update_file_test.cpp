@@ -1,10 +1,6 @@
 #include <gmock/gmock.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <stdexcept>
-
+#include "Folder.h"
 #include "api/LocalFilesCacheClientFilesManager.h"
 #include "dom/DomFaults.h"
 #include "merge/ZelXmlUpdateXmlWrapper.h"
@@ -14,54 +10,34 @@ using namespace document_test;
 
 namespace {
 
-namespace fs = std::filesystem;
+using files_test::contentOf;
 
-std::string document(const std::string& objects) { return "<Data><Objects>" + objects + "</Objects></Data>"; }
-// Empty elements in one of their two forms.
-std::string normal(const std::string& text) { return root(parse(text)); }
-
-std::string theStudy(const std::string& children, const std::string& infos, const std::string& id = "S") {
-  return "<MarvekStudy ExternalId=\"" + id + "\"><children>" + children + "</children><info>" + infos +
-         "</info><NodeInfo><family>Study</family></NodeInfo></MarvekStudy>";
-}
-std::string shortcut(const std::string& id, const std::string& to, const std::string& ofStudy = "S") {
-  return "<PmShortcut ExternalId=\"" + id + "\"><parent>" + ofStudy + "</parent><linkExternalID>" + to +
-         "</linkExternalID><NodeInfo><family>Shortcut</family></NodeInfo></PmShortcut>";
-}
-const std::string infoFamily = "<NodeInfo><family>MarvekStudyInfo</family></NodeInfo>";
-std::string info(const std::string& id, const std::string& family = infoFamily) {
-  return "<MarvekStudyInfo ExternalId=\"" + id + "\"><layout>L" + id + "</layout>" + family +
-         "</MarvekStudyInfo>";
+std::string info(const std::string& id) {
+  return made("MarvekStudyInfo", id, "MarvekStudyInfo", field("layout", "L" + id));
 }
 std::string infoLayout(const std::string& id, const std::string& place) {
-  return "<PmStudyLayout ExternalId=\"L" + id + "\"><location>" + place +
-         "</location><NodeInfo><family>PmStudyLayout</family></NodeInfo></PmStudyLayout>";
+  return made("PmStudyLayout", "L" + id, "PmStudyLayout", field("location", place));
 }
-std::string rootLayout(const std::string& children) { return layout("LA", "A", "NULL", children, 0, 0); }
+std::string rootLayout(const std::string& children) { return layout("LA", "A", "NULL", children); }
 std::string layoutOf(const std::string& id, const std::string& parent, const std::string& children = "") {
   return layout("L" + id, id, parent, children, 1, 1);
 }
 
 class UpdateFile : public StudyTest {
  protected:
-  void SetUp() override {
-    StudyTest::SetUp();
-    fs::create_directories(folder);
-  }
   void TearDown() override {
     file.reset();
     domtest::Faults::clear();
     LocalFilesCacheClientFilesManager::the().activate("");
-    fs::remove_all(folder);
     StudyTest::TearDown();
   }
 
   // The session's study, and the file.
   void give(const std::string& source, const std::string& text) {
-    study = parse(document(source));
+    study = parse(dataOf(source));
     session().setImportedDocumentAndDocRef(study, ApiDocumentRef("session.xml"));
     session().cacheNode(study, ApiPmId("outside"), study.createElement("PmX"));
-    std::ofstream(target) << text;
+    folder.write("study.xml", text);
     file = std::make_unique<ZelXmlUpdateXmlWrapper>(target, target);
     ASSERT_TRUE(file->buildToWrapDocumentToBeUpdated()) << file->lastFailure().text;
   }
@@ -70,69 +46,63 @@ class UpdateFile : public StudyTest {
     const std::string former = content();
     const bool result = file->updateWrappedDocument(ApiPmId(root), ApiBaseXmlDocumentWrapper(given));
     expectSessionRestored();
-    EXPECT_EQ(file->lastFailure().text.empty(), result) << file->lastFailure().text;
-    EXPECT_TRUE(result || content() == former) << file->lastFailure().text;
+    EXPECT_EQ(file->lastFailure().text.empty(), result);
+    EXPECT_TRUE(result || content() == former);
     return result;
+  }
+  void expectUpdated(const std::string& objects, const std::string& root = "A") {
+    EXPECT_TRUE(update(parse(dataOf(objects)), root)) << file->lastFailure().text;
   }
   void expectSessionRestored() {
     EXPECT_EQ(session().importedDocument(), study);
     EXPECT_EQ(session().documentRef().path, "session.xml");
     EXPECT_TRUE(cached().isNodeCached(ApiPmId("outside"))) << "the session's index was made anew";
   }
-  std::string content() const {
-    std::ifstream stream(target);
-    return {std::istreambuf_iterator<char>(stream), {}};
-  }
+  std::string content() const { return contentOf(target); }
   static bool isRegistered(const IXMLDOMDocument& of) {
     ApiPmXmlCachedDocument* found = nullptr;
     return ApiPmXmlCacheDocumentMgr::the().getCachedDocument(of, found);
   }
 
-  const fs::path folder = fs::path(testing::TempDir()) / ("zelxml_update_file_" + std::to_string(::getpid()));
-  const std::string target = (folder / "study.xml").string();
+  const files_test::Folder folder;
+  const std::string target = folder.path("study.xml");
   std::unique_ptr<ZelXmlUpdateXmlWrapper> file;
-  const std::string source = theStudy(item("K"), item("I")) + shortcut("K", "A") + info("I", "") +
+  const std::string source = studyOf("S", "K", "I") + shortcutTo("K", "A", "S") + infoWith("I", "LI") +
                              infoLayout("I", "new") + part("A", "", "");
-  const std::string lists = theStudy(item("K"), item("I"));
-  const std::string shown = shortcut("K", "A") + info("I") + infoLayout("I", "new");
+  const std::string lists = studyOf("S", "K", "I");
+  const std::string shown = shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "new");
 };
 
 TEST_F(UpdateFile, AShownObjectIsReplacedWithAllBelowIt) {
   give(source,
-       document(lists + shortcut("K", "A") + info("I") + infoLayout("I", "old") +
-                part("A", "", items({"X", "Y"})) + part("X", item("A"), item("Z")) +
-                part("Z", item("X"), "-") + part("Y", item("A"), "-") + rootLayout(items({"LX", "LY"})) +
-                layoutOf("X", "LA", item("LZ")) + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
-  const std::string tree = part("A", "", items({"Y", "N"})) + part("Y", item("A"), "-") +
-                           part("N", item("A"), "-") + rootLayout(items({"LY", "LN"})) + layoutOf("N", "LA");
-  const IXMLDOMDocument given = parse(document(tree));
+       dataOf(lists + shortcutTo("K", "A", "S") + info("I") + infoLayout("I", "old") + part("A", "", "X Y") +
+              part("X", "A", "Z") + part("Z", "X", "-") + part("Y", "A", "-") + rootLayout("LX LY") +
+              layoutOf("X", "LA", "LZ") + layoutOf("Z", "LX") + layoutOf("Y", "LA")));
+  const std::string tree = part("A", "", "Y N") + part("Y", "A", "-") + part("N", "A", "-") +
+                           rootLayout("LY LN") + layoutOf("N", "LA");
+  const IXMLDOMDocument given = parse(dataOf(tree));
   EXPECT_TRUE(update(given)) << file->lastFailure().text;
-  EXPECT_EQ(normal(content()), normal(document(lists + layoutOf("Y", "LA") + tree + shown)))
+  EXPECT_EQ(content(), dataOf(lists + layoutOf("Y", "LA") + tree + shown))
       << "X went, and Z with it; the place in the study is the session's";
-  EXPECT_EQ(root(given), normal(document(tree + shown))) << "the update document is extended";
+  EXPECT_EQ(root(given), dataOf(tree + shown)) << "the update document is extended";
 
   // The wrapper takes a second update, here one that empties the compound.
-  EXPECT_TRUE(update(parse(document(part("A", "", "") + rootLayout(""))))) << file->lastFailure().text;
-  EXPECT_EQ(normal(content()), normal(document(lists + part("A", "", "") + rootLayout("") + shown)));
+  expectUpdated(part("A", "", "") + rootLayout(""));
+  EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + rootLayout("") + shown));
   EXPECT_EQ(file->nodesNum(), 2);
 }
 
 TEST_F(UpdateFile, AnObjectThatIsNotShownHangsOnItsParents) {
   // B has a place of its own in the target's study, and a parent: the place goes. The label is replaced.
-  const std::string label = "<Label ExternalId=\"N\"><name>";
-  const std::string labelEnd = "</name><NodeInfo><family>Label</family></NodeInfo></Label>";
-  give(source,
-       document(theStudy(items({"KB", "K"}), items({"IB", "I"})) + shortcut("KB", "B") + info("IB") +
-                infoLayout("IB", "old") + shown + part("A", "", item("B")) + part("B", item("A"), "-") +
-                rootLayout(item("LB")) + layoutOf("B", "LA") + label + "old" + labelEnd));
-  const std::string given =
-      part("B", items({"gone", "A"}), "-") + label + "new" + labelEnd + part("C", item("A"), "-");
-  EXPECT_TRUE(update(parse(document(given + layoutOf("C", "LA"))), "B")) << file->lastFailure().text;
-  EXPECT_EQ(
-      normal(content()),
-      normal(document(lists + shown + part("A", "", items({"C", "B"})) + rootLayout(items({"LC", "LB"})) +
-                      layoutOf("B", "LA") + part("B", items({"gone", "A"}), "-") + part("C", item("A"), "-") +
-                      label + "new" + labelEnd + layoutOf("C", "LA"))));
+  const auto label = [](const char* name) { return made("Label", "N", "Label", field("name", name)); };
+  give(source, dataOf(studyOf("S", "KB K", "IB I") + shortcutTo("KB", "B", "S") + info("IB") +
+                      infoLayout("IB", "old") + shown + part("A", "", "B") + part("B", "A", "-") +
+                      rootLayout("LB") + layoutOf("B", "LA") + label("old")));
+  const std::string given = part("B", "gone A", "-") + label("new") + part("C", "A", "-");
+  expectUpdated(given + layoutOf("C", "LA"), "B");
+  EXPECT_EQ(content(),
+            dataOf(lists + shown + part("A", "", "C B") + rootLayout("LC LB") + layoutOf("B", "LA") +
+                   part("B", "gone A", "-") + part("C", "A", "-") + label("new") + layoutOf("C", "LA")));
   ApiPmId found;
   EXPECT_FALSE(file->findShortcut(ApiPmId("B"), found));
   const IXMLDOMDocument wrapped = file->zelXmlNodeFromId(ApiPmId("A"))->getXmlNode().ownerDocument();
@@ -149,16 +119,10 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
   };
   for (const Case& c : {Case{"K Q", "I R", "K Q", "I R"}, Case{"K Q", "J R", "Q K", "R I"},
                         Case{"Q", "R", "Q K", "R I"}, Case{"", "", "K", "I"}}) {
-    const auto list = [](const std::string& ids) {
-      std::istringstream words(ids);
-      std::string text;
-      for (std::string id; words >> id;) text += item(id);
-      return text;
-    };
-    give(source, document(theStudy(list(c.children), list(c.infos)) + part("A", "", "") + rootLayout("")));
-    EXPECT_TRUE(update(parse(document(part("A", "", ""))))) << file->lastFailure().text;
-    EXPECT_EQ(normal(content()), normal(document(theStudy(list(c.newChildren), list(c.newInfos)) +
-                                                 rootLayout("") + part("A", "", "") + shown)))
+    give(source, dataOf(studyOf("S", c.children, c.infos) + part("A", "", "") + rootLayout("")));
+    expectUpdated(part("A", "", ""));
+    EXPECT_EQ(content(),
+              dataOf(studyOf("S", c.newChildren, c.newInfos) + rootLayout("") + part("A", "", "") + shown))
         << c.children;
   }
 }
@@ -166,69 +130,73 @@ TEST_F(UpdateFile, TheListsOfTheStudyFollowTheShortcut) {
 TEST_F(UpdateFile, AnObjectThatLostAParentStaysWhileSomethingLeadsToIt) {
   // All three lose A: P has another parent, Q a shortcut, R only a parent that is not in the document.
   const auto text = [&](const std::string& a, const std::string& rest, const std::string& r) {
-    return document(theStudy(items({"KQ", "K"}), items({"IQ", "I"})) + shortcut("KQ", "Q") +
-                    part("B", "", item("P")) + rest + r + a);
+    return dataOf(studyOf("S", "KQ K", "IQ I") + shortcutTo("KQ", "Q", "S") + part("B", "", "P") + rest + r +
+                  a);
   };
-  give(source, text(part("A", "", items({"P", "Q", "R"})) + shown,
-                    part("P", items({"A", "B"}), "-") + part("Q", item("A"), "-"),
-                    part("R", items({"A", "gone"}), "-")));
-  EXPECT_TRUE(update(parse(document(part("A", "", ""))))) << file->lastFailure().text;
-  EXPECT_EQ(normal(content()),
-            normal(text(part("A", "", "") + shown, part("P", item("B"), "-") + part("Q", "", "-"), "")));
+  give(source, text(part("A", "", "P Q R") + shown, part("P", "A B", "-") + part("Q", "A", "-"),
+                    part("R", "A gone", "-")));
+  expectUpdated(part("A", "", ""));
+  EXPECT_EQ(content(), text(part("A", "", "") + shown, part("P", "B", "-") + part("Q", "", "-"), ""));
 
   // A chain of orphans as long as a tree can be deep.
   constexpr int depth = 20000;
   std::string chain;
   for (int i = 1; i <= depth; ++i)
-    chain += part("C" + std::to_string(i), item(i == 1 ? "A" : "C" + std::to_string(i - 1)),
-                  item("C" + std::to_string(i + 1)));
-  give(source, document(lists + part("A", "", item("C1")) + chain));
-  EXPECT_TRUE(update(parse(document(part("A", "", ""))))) << file->lastFailure().text;
-  EXPECT_EQ(normal(content()), normal(document(lists + part("A", "", "") + shown)));
+    chain += part("C" + std::to_string(i), i == 1 ? "A" : "C" + std::to_string(i - 1),
+                  "C" + std::to_string(i + 1));
+  give(source, dataOf(lists + part("A", "", "C1") + chain));
+  expectUpdated(part("A", "", ""));
+  EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + shown));
+}
+
+// P has the child Q, and Q stands also beside it: where P is judged first, Q goes with it, and its own turn
+// finds it gone.
+TEST_F(UpdateFile, ChildrenOfAnOrphanAreJudgedInTheirOrder) {
+  for (const bool isPFirst : {true, false}) {
+    give(source, dataOf(lists + shown + part("A", "", "O") + part("O", "A", isPFirst ? "P Q" : "Q P") +
+                        part("P", "O", "Q") + part("Q", "O P", "-")));
+    EXPECT_EQ(update(parse(dataOf(part("A", "", "")))), !isPFirst) << file->lastFailure().text;
+    if (isPFirst)
+      EXPECT_THAT(file->lastFailure().text,
+                  testing::HasSubstr("\"Q\", which lost a parent, has been removed"));
+    else
+      EXPECT_EQ(content(), dataOf(lists + part("A", "", "") + shown));
+  }
 }
 
 TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
   const std::string plain = part("A", "", "") + rootLayout("");
-  const std::string given = document(part("A", "", ""));
+  const std::string given = dataOf(part("A", "", ""));
   struct Case {
     std::string source, target, update, root, reason;
   };
   const std::vector<Case> cases = {
-      {theStudy("", "", "T"), lists + plain, given, "A", "no study object \"S\""},
+      {studyOf("T", "", ""), lists + plain, given, "A", "no study object \"S\""},
       {source, lists + plain, given, "none", "the update has no object \"none\""},
-      {source, lists + plain, document(part("B", item("C"), "")), "B", "nor is one of its parents in"},
-      {source, lists + plain,
-       document("<PmX><NodeInfo><family>Product</family></NodeInfo></PmX>" + part("A", "", "")), "A",
-       "has no id: PmX"},
-      {source, lists + part("A", "", item("B")) + part("B", "", "-"), given, "A",
+      {source, lists + plain, dataOf(part("B", "C", "")), "B", "nor is one of its parents in"},
+      {source, lists + plain, dataOf(partWithoutId + part("A", "", "")), "A", "has no id: PmPartInstance"},
+      {source, lists + part("A", "", "B") + part("B", "", "-"), given, "A",
        "\"B\", a child of \"A\", does not name it"},
-      {source, lists + shown + plain, document(lists), "A", "\"K\", a child of \"S\", does not name it"},
-      {theStudy(item("K"), "") + shortcut("K", "A") + part("A", "", ""), lists + plain, given, "A",
+      {source, lists + shown + plain, dataOf(lists), "A", "\"K\", a child of \"S\", does not name it"},
+      {studyOf("S", "K", "") + shortcutTo("K", "A", "S") + part("A", "", ""), lists + plain, given, "A",
        "no whole shortcut to \"A\""},
       {source, lists + plain, "<Data/>", "A", "no Data/Objects"},
-      {source, lists + plain,
-       document("<PmReferenceFile ExternalId=\"F\"><fileName>/no/such/file</fileName></PmReferenceFile>"),
-       "A", "cannot be fetched"},
-      {source,
-       lists + plain +
-           "</Objects><Objects><Label ExternalId=\"N\"><NodeInfo><family>Label</family>"
-           "</NodeInfo></Label>",
-       document("<Label ExternalId=\"N\"><NodeInfo><family>Label</family></NodeInfo></Label>"), "A",
-       "\"N\" cannot be replaced"},
-      {source, lists + plain + part("B", "", "-"), document(part("C", item("B"), "-")), "A",
+      {source, lists + plain, dataOf(bare("PmReferenceFile", "F", "<fileName>/no/such/file</fileName>")), "A",
+       "cannot be fetched"},
+      {source, lists + plain + "</Objects><Objects>" + made("Label", "N", "Label"),
+       dataOf(made("Label", "N", "Label")), "A", "\"N\" cannot be replaced"},
+      {source, lists + plain + part("B", "", "-"), dataOf(part("C", "B", "-")), "A",
        "\"B\" does not take the object \"C\""},
-      {theStudy(item("K"), item("I")) + shortcut("K", "A", "T") + info("I") + infoLayout("I", "") + plain,
+      {studyOf("S", "K", "I") + shortcutTo("K", "A", "T") + info("I") + infoLayout("I", "") + plain,
        lists + plain, given, "A", "the study of the shortcut \"K\""},
-      {source, theStudy(item("K"), "") + plain, given, "A", "no study info for the shortcut \"K\""},
+      {source, studyOf("S", "K", "") + plain, given, "A", "no study info for the shortcut \"K\""},
       // P takes B along, which is judged after it.
-      {source,
-       lists + part("A", "", items({"P", "B"})) + part("P", item("A"), item("B")) +
-           part("B", items({"A", "P"}), "-"),
-       given, "A", "\"B\", which lost a parent, has been removed"},
+      {source, lists + part("A", "", "P B") + part("P", "A", "B") + part("B", "A P", "-"), given, "A",
+       "\"B\", which lost a parent, has been removed"},
   };
-  ASSERT_TRUE(LocalFilesCacheClientFilesManager::the().activate((folder / "cache").string()));
+  ASSERT_TRUE(LocalFilesCacheClientFilesManager::the().activate(folder.path("cache")));
   for (const Case& c : cases) {
-    give(c.source, document(c.target));
+    give(c.source, dataOf(c.target));
     EXPECT_FALSE(update(parse(c.update), c.root)) << c.reason;
     EXPECT_THAT(file->lastFailure().text, testing::HasSubstr(c.reason));
     EXPECT_FALSE(file->lastFailure().ofFile);
@@ -238,39 +206,38 @@ TEST_F(UpdateFile, AFailingStepLeavesTheFileAndTheSession) {
 TEST_F(UpdateFile, AFailingSaveLeavesTheFileWhole) {
   int failures = 0;
   for (bool renamed = false; !renamed; ++failures) {
-    give(source, document(lists + part("A", "", "")));
+    give(source, dataOf(lists + part("A", "", "")));
     domtest::Faults::set(failures);
-    const bool saved = update(parse(document(part("A", "", ""))));
+    const bool saved = update(parse(dataOf(part("A", "", ""))));
     renamed = saved;
     const std::string failed = domtest::Faults::failed;
     domtest::Faults::clear();
     EXPECT_EQ(file->lastFailure().ofFile, !saved) << failed;
-    EXPECT_EQ(normal(content()),
-              normal(document(saved ? lists + part("A", "", "") + shown : lists + part("A", "", ""))));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "a file is left after " << failed;
+    EXPECT_EQ(content(), dataOf(saved ? lists + part("A", "", "") + shown : lists + part("A", "", "")));
+    EXPECT_EQ(folder.files().size(), 1u) << "a file is left after " << failed;
   }
   EXPECT_GT(failures, 5) << "open, write, chmod, fsync, close and rename";
 }
 
 TEST_F(UpdateFile, TheSessionComesBackAfterAnException) {
-  give(source, document(lists + part("A", "", "") + part("B", "", item("C")) + part("C", item("B"), "-")));
+  give(source, dataOf(lists + part("A", "", "") + part("B", "", "C") + part("C", "B", "-")));
   // The warning that B is C's second parent finds a sink that gives up.
   apiErr.setSink([](const ApiErrEntry&) { throw std::runtime_error("full"); });
   const std::string former = content();
-  const auto given = ApiBaseXmlDocumentWrapper(parse(document(part("D", item("A"), item("C")))));
+  const auto given = ApiBaseXmlDocumentWrapper(parse(dataOf(part("D", "A", "C"))));
   EXPECT_THROW(file->updateWrappedDocument(ApiPmId("D"), given), std::runtime_error);
   expectSessionRestored();
   EXPECT_EQ(content(), former);
 }
 
 TEST_F(UpdateFile, AFileThatCannotBeReadIsNotUpdated) {
-  give(source, "<Data><Objects>" + theStudy("", "") + "</Objects></Data>");
-  std::ofstream(target) << "<Data>";
+  give(source, dataOf(studyOf("S", "", "")));
+  folder.write("study.xml", "<Data>");
   EXPECT_FALSE(file->buildToWrapDocumentToBeUpdated());
   EXPECT_THAT(file->lastFailure().text, testing::HasSubstr(target + ":1:"));
   EXPECT_TRUE(file->lastFailure().ofFile);
   expectSessionRestored();
-  EXPECT_FALSE(update(parse(document(part("A", "", "")))));
+  EXPECT_FALSE(update(parse(dataOf(part("A", "", "")))));
 }
 
 TEST_F(UpdateFile, ACopyOfTheSessionsFileGetsAnIdOfItsOwn) {
@@ -290,9 +257,8 @@ TEST_F(UpdateFile, ACopyOfTheSessionsFileGetsAnIdOfItsOwn) {
     study.documentElement().setAttribute("cachedId", "one");
     if (c.alternative) file->setAlternativeCachedIdForDoc(guid);
     EXPECT_TRUE(file->buildToWrapDocumentToBeUpdated());
-    EXPECT_TRUE(update(parse(document(part("A", "", ""))))) << file->lastFailure().text;
-    EXPECT_EQ(normal(content()),
-              normal("<Data" + std::string(c.saved) + objects + shown + "</Objects></Data>"));
+    expectUpdated(part("A", "", ""));
+    EXPECT_EQ(content(), "<Data" + std::string(c.saved) + objects + shown + "</Objects></Data>");
   }
 }
 

@@ -31,42 +31,37 @@ TEST_F(FieldsTest, LabelsOnLabelsStandByTheObjectThatTheyLeadTo) {
 }
 
 TEST_F(FieldsTest, NamesAndTextsArePublishedByField) {
-  build(part("A", "", "") +
-        "<PmPartInstance ExternalId=\"N\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
+  const std::string bareN = made("PmPartInstance", "N", "Product");
+  build(part("A", "", "") + bareN);
   publish();
   EXPECT_FALSE(node("N")->setName("x")) << "an object without the field";
   EXPECT_TRUE(node("A")->setDescription("first"));
   EXPECT_TRUE(node("A")->setName("second"));
   EXPECT_FALSE(node("A")->setName("bad \x01")) << "no XML text";
   EXPECT_FALSE(node("N")->setDescription("bad \x01"));
-  EXPECT_EQ(root(stream), updates("<PmCompoundPart ExternalId=\"A\"><parents/><children/><layout>LA</layout>"
-                                  "<NodeInfo><family>Product</family></NodeInfo><comment>first</comment>"
-                                  "<name>second</name></PmCompoundPart>"));
+  const auto publishedA = [](const std::string& fields) {
+    return updates(bare("PmCompoundPart", "A",
+                        "<parents/><children/><layout>LA</layout>" + familyOf("Product") + fields +
+                            "<comment>first</comment><name>second</name>"));
+  };
+  EXPECT_EQ(root(stream), publishedA(""));
   // A whole publication keeps both, comment first; the plain interface changes only the study.
   EXPECT_TRUE(zelQuery<ZelVorCompoundPart>(node("A"))->setAssemblyType(4));
   EXPECT_TRUE(zelQuery<ZelVorNode>(node("A"))->setNameLocally("third"));
-  EXPECT_EQ(root(stream), updates("<PmCompoundPart ExternalId=\"A\"><parents/><children/><layout>LA</layout>"
-                                  "<NodeInfo><family>Product</family></NodeInfo>"
-                                  "<assemblyType>4</assemblyType><comment>first</comment>"
-                                  "<name>second</name></PmCompoundPart>"));
-  EXPECT_EQ(
-      element("N").xml(),
-      "<PmPartInstance ExternalId=\"N\"><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>");
+  EXPECT_EQ(root(stream), publishedA("<assemblyType>4</assemblyType>"));
+  EXPECT_EQ(element("N").xml(), bareN);
 }
 
 TEST_F(FieldsTest, PrototypesOfInstances) {
-  auto instance = [](const std::string& id, const std::string& fields) {
-    return "<PmToolInstance ExternalId=\"" + id + "\">" + fields +
-           "<NodeInfo><family>Resource</family></NodeInfo></PmToolInstance>";
+  const auto instance = [](const char* id, const char* fields) {
+    return made("PmToolInstance", id, "Resource", fields);
   };
-  build(
-      "<PmToolPrototype ExternalId=\"proto\"><NodeInfo><family>ToolPrototype</family></NodeInfo>"
-      "</PmToolPrototype><PmEquipmentPrototypeOccurrence ExternalId=\"occ\"><prototype>proto</prototype>"
-      "<NodeInfo><family>Resource</family></NodeInfo></PmEquipmentPrototypeOccurrence>" +
-      instance("direct", "<prototype>proto</prototype>") +
-      instance("master", "<prototype>NULL</prototype><masterObj>proto</masterObj>") +
-      instance("occurring", "<masterObj>occ</masterObj>") + instance("empty", "<prototype/>") +
-      instance("null", "<prototype>NULL</prototype>"));
+  build(made("PmToolPrototype", "proto", "ToolPrototype") +
+        made("PmEquipmentPrototypeOccurrence", "occ", "Resource", "<prototype>proto</prototype>") +
+        instance("direct", "<prototype>proto</prototype>") +
+        instance("master", "<prototype>NULL</prototype><masterObj>proto</masterObj>") +
+        instance("occurring", "<masterObj>occ</masterObj>") + instance("empty", "<prototype/>") +
+        instance("null", "<prototype>NULL</prototype>"));
   struct Case {
     const char *id, *prototype, *shownAs;
   };
@@ -96,17 +91,16 @@ TEST_F(FieldsTest, ALabelBelongsToItsObject) {
   ASSERT_TRUE(labels->addLabel(ApiPmId("N"), data));
   ASSERT_TRUE(labels->updateLabel(ApiPmId("N"), data));
   EXPECT_EQ(element("N").xml(),
-            "<Label ExternalId=\"N\"><name>note</name><node>A</node><comment>look here</comment>"
-            "<displayInfo>red</displayInfo><noteLocation>1.5_2._0._0._0._0.</noteLocation>"
-            "<NodeInfo><family>Label</family></NodeInfo></Label>");
+            made("Label", "N", "Label",
+                 "<name>note</name><node>A</node><comment>look here</comment><displayInfo>red</displayInfo>"
+                 "<noteLocation>1.5_2._0._0._0._0.</noteLocation>"));
   EXPECT_EQ(list("A", "labels"), "N");
   EXPECT_EQ(updated(), "N A");
   RTTran3D location;
   EXPECT_TRUE(physical("N")->getAbsoluteLocation(location));
   EXPECT_TRUE(location.isNear(RTTran3D({3.5, -2, 0}, {}), 1e-9, 1e-9));
 
-  ApiPmId id("N");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  ASSERT_TRUE(remove("N"));
   EXPECT_EQ(deleted(), "N");
   EXPECT_EQ(list("A", "labels"), "");
   EXPECT_EQ(node("N"), nullptr);
@@ -118,8 +112,7 @@ TEST_F(FieldsTest, ALabelBelongsToItsObject) {
 }
 
 TEST_F(FieldsTest, AttachmentsTieTwoLayouts) {
-  build(part("A", "", "") + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
-        layout("LB", "B", "NULL", "", 0, 0));
+  build(part("A", "", "") + part("B", "", "") + layout("LA", "A") + layout("LB", "B"));
   publish();
   auto* attached = zelQuery<ZelGlobalAttachment>(node("A"));
   const RTTran3D placement({1, 2, 3}, {0, 0, 0.5});
@@ -137,25 +130,23 @@ TEST_F(FieldsTest, AttachmentsTieTwoLayouts) {
   EXPECT_EQ(tools, ApiPmIdList{ApiPmId("A")});
   ASSERT_TRUE(attached->setGlobalAttachment(target, {}, {}, {}));
   EXPECT_EQ(list("LB", "mountedTools"), "");
-  EXPECT_EQ(document_test::at(element("LA"), "mountedTo").text(), "NULL");
+  EXPECT_EQ(text("LA", "mountedTo"), "NULL");
   EXPECT_FALSE(attached->getGlobalAttachment(found, at, type));
   EXPECT_EQ(updated(), "LB LA");
 }
 
 TEST_F(FieldsTest, PlcDataKnowsItsOrigin) {
-  build(
-      "<PmToolInstance ExternalId=\"R\"><threeDRep/><NodeInfo><family>Resource</family><Id>7</Id></NodeInfo>"
-      "</PmToolInstance>");
+  const std::string info = "<NodeInfo><family>Resource</family><Id>7</Id></NodeInfo>";
+  build(bare("PmToolInstance", "R", "<threeDRep/>" + info));
   publish();
   auto* plc = zelQuery<ZelPlcResourceInstance>(node("R"));
   ASSERT_TRUE(plc && plc->setVersion("1") && plc->setVersion("2") && plc->publishPlcData());
   RWClassicWString version;
   EXPECT_TRUE(plc->getVersion(version) && version == "1") << "writing adds, reading takes the first";
-  EXPECT_EQ(
-      root(stream),
-      updates("<PmToolInstance ExternalId=\"R\"><NodeInfo><family>Resource</family><Id>7</Id></NodeInfo>"
-              "<plcInfo><OriginalId>R</OriginalId><version>1</version><version>2</version></plcInfo>"
-              "</PmToolInstance>"));
+  EXPECT_EQ(root(stream),
+            updates(bare("PmToolInstance", "R",
+                         info + "<plcInfo><OriginalId>R</OriginalId><version>1</version><version>2</version>"
+                                "</plcInfo>")));
   bool original = false;
   EXPECT_TRUE(plc->isOriginal(original) && original);
   zelXmlSetText(document_test::at(element("R"), "plcInfo/OriginalId"), "other");

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-
+#include "Folder.h"
 #include "api/ApiSysFileAccess.h"
 
 namespace fs = std::filesystem;
@@ -12,9 +9,9 @@ namespace {
 
 TEST(FileNames, ADirectoryIsListedAndNothingChangesWhenItCannotBe) {
   const std::string umlaut = "T\xC3\xBCr";
-  std::string made = (fs::temp_directory_path() / "zelxml_files.XXXXXX").string();
-  ASSERT_NE(::mkdtemp(made.data()), nullptr);
-  const fs::path directory = fs::path(made) / umlaut;
+  const files_test::Folder folder;
+  const std::string& made = folder.path();
+  const fs::path directory = folder.path(umlaut);
   fs::create_directories(directory / "below.jt");
   for (const char* name : {"b.jt", "a.jt", "a.JT", "other\\side.jt"}) std::ofstream(directory / name) << name;
   fs::create_symlink("gone", directory / "0.jt");
@@ -34,7 +31,6 @@ TEST(FileNames, ADirectoryIsListedAndNothingChangesWhenItCannotBe) {
     EXPECT_EQ(list(bad), "false " + listed) << bad;
 
   EXPECT_FALSE(RWCRegexp(".+").matches(std::string(1 << 20, 'a'))) << "would take the stack";
-  fs::remove_all(made);
 }
 
 }  // namespace

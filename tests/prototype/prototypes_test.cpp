@@ -1,10 +1,6 @@
 #include "zel/ZelPrototype.h"
 
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-
+#include "Folder.h"
 #include "api/LocalFilesCacheClientFilesManager.h"
 #include "wrapper/StudyTest.h"
 #include "zel/ZelPrototypeAssignment.h"
@@ -14,21 +10,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string object(const std::string& type, const std::string& id, const std::string& family,
-                   const std::string& fields = "") {
-  return "<" + type + " ExternalId=\"" + id + "\">" + fields + "<NodeInfo><family>" + family +
-         "</family></NodeInfo></" + type + ">";
-}
 std::string usage(const std::string& id, const std::string& uses) {
-  return object("PmPartPrototypeUsage", id, "PartPrototypeUsage", uses);
+  return made("PmPartPrototypeUsage", id, "PartPrototypeUsage", uses);
 }
 std::string prototype(const std::string& id, const std::string& fields = "") {
-  return object("PmPartPrototype", id, "PartPrototype", fields + "<threeDRep>R" + id + "</threeDRep>");
-}
-std::string rep(const std::string& id, const std::string& fileName) {
-  return "<Pm3DRep ExternalId=\"R" + id + "\"><file>F" + id +
-         "</file></Pm3DRep><PmReferenceFile ExternalId=\"F" + id + "\"><fileName>" + fileName +
-         "</fileName></PmReferenceFile>";
+  return made("PmPartPrototype", id, "PartPrototype", fields + field("threeDRep", "R" + id));
 }
 
 // A study on prototypes, and a directory for their files, which is the system root.
@@ -36,21 +22,15 @@ class PrototypesTest : public StudyTest {
  protected:
   void SetUp() override {
     StudyTest::SetUp();
-    directory = (fs::temp_directory_path() / "zelxml_prototypes.XXXXXX").string();
-    ASSERT_NE(::mkdtemp(directory.data()), nullptr);
     session().systemRoot = directory;
   }
   void TearDown() override {
     files.activate("");
-    fs::remove_all(directory);
     StudyTest::TearDown();
   }
   void write(const std::string& name, int time) const {
-    const fs::path file = fs::path(directory) / name;
-    fs::create_directories(file.parent_path());
-    std::ofstream(file) << name;
     const std::chrono::sys_seconds written{std::chrono::seconds(time)};
-    fs::last_write_time(file, std::chrono::file_clock::from_sys(written));
+    fs::last_write_time(folder.write(name, name), std::chrono::file_clock::from_sys(written));
   }
   // "-" for false.
   std::string path(std::string_view id) const {
@@ -65,7 +45,8 @@ class PrototypesTest : public StudyTest {
   }
 
   LocalFilesCacheClientFilesManager& files = LocalFilesCacheClientFilesManager::the();
-  std::string directory;
+  const files_test::Folder folder;
+  const std::string& directory = folder.path();
 };
 
 TEST_F(PrototypesTest, AnAssignmentTellsWhatItUses) {
@@ -82,10 +63,9 @@ TEST_F(PrototypesTest, AnAssignmentTellsWhatItUses) {
 
 TEST_F(PrototypesTest, APathIsStoredBelowTheRootAndItsObjectsAreMade) {
   session().systemRoot = "C:\\Lib\\";
-  const std::string rest = object("PmPartInstance", "place", "Product", "<threeDRep>RP</threeDRep>");
-  const std::string bare =
-      "<PmPartPrototype ExternalId=\"bare\"><NodeInfo><family>PartPrototype</family></NodeInfo>";
-  build(prototype("P") + rep("P", "#Car\\Door") + rest + bare + "</PmPartPrototype>");
+  const std::string rest = made("PmPartInstance", "place", "Product", "<threeDRep>RP</threeDRep>");
+  const std::string family = familyOf("PartPrototype");
+  build(prototype("P") + rep("P", "#Car\\Door") + rest + bare("PmPartPrototype", "bare", family));
   publish();
   EXPECT_EQ(path("P"), "C:\\Lib\\Car\\Door");
   EXPECT_EQ(path("place"), "C:\\Lib\\Car\\Door");
@@ -93,11 +73,10 @@ TEST_F(PrototypesTest, APathIsStoredBelowTheRootAndItsObjectsAreMade) {
   for (const char* id : {"place", "none"}) EXPECT_FALSE(wrapper->setPrototypePath(ApiPmId(id), "x")) << id;
   EXPECT_TRUE(wrapper->setPrototypePath(ApiPmId("bare"), "c:\\LIB\\B\xC3\xA4r"));
   EXPECT_TRUE(wrapper->setPrototypePath(ApiPmId("P"), "D:\\Lib\\x"));
-  EXPECT_EQ(objects(),
-            prototype("P") + rep("P", "D:\\Lib\\x") + rest + bare +
-                "<threeDRep>new2</threeDRep></PmPartPrototype><PmReferenceFile ExternalId=\"new1\">"
-                "<fileName>#\\B\xC3\xA4r</fileName></PmReferenceFile>"
-                "<Pm3DRep ExternalId=\"new2\"><file>new1</file></Pm3DRep>");
+  EXPECT_EQ(objects(), prototype("P") + rep("P", "D:\\Lib\\x") + rest +
+                           bare("PmPartPrototype", "bare", family + "<threeDRep>new2</threeDRep>") +
+                           bare("PmReferenceFile", "new1", "<fileName>#\\B\xC3\xA4r</fileName>") +
+                           bare("Pm3DRep", "new2", "<file>new1</file>"));
   EXPECT_EQ(root(stream), "") << "nothing of a prototype is published";
 }
 
@@ -136,21 +115,19 @@ TEST_F(PrototypesTest, ALocalPrototypeHasNoElement) {
 
 TEST_F(PrototypesTest, AnOutputDocumentHoldsThePrototypeAndWhatBelongsToIt) {
   const auto equipment = [](const char* id, const char* children, const char* fields = "") {
-    return object("PmEquipmentPrototype", id, "EquipmentPrototype", std::string(fields) + children);
+    return made("PmEquipmentPrototype", id, "EquipmentPrototype", std::string(fields) + children);
   };
   const char *children = "<children><item>O1</item><item>gone</item><item>O2</item></children>",
-             *info = "<NodeInfo><family>Resource</family></NodeInfo>",
              *geometry = "<threeDRep>RE</threeDRep>";
-  const std::string second = object("PmToolInstance", "O2", "Resource", "<layout>gone</layout>");
-  const std::string occurrences = std::string("<PmToolInstance ExternalId=\"O1\"><layout>L</layout>") + info +
-                                  "<comment>t</comment><name>n</name></PmToolInstance><PmLayout "
-                                  "ExternalId=\"L\"><node>O1</node></PmLayout>" +
-                                  second;
+  const std::string second = made("PmToolInstance", "O2", "Resource", "<layout>gone</layout>");
+  const auto occurrence = [](const std::string& first, const std::string& last, const std::string& layout) {
+    return bare("PmToolInstance", "O1", first + "<layout>L</layout>" + familyOf("Resource") + last) +
+           bare("PmLayout", "L", layout + "<node>O1</node>");
+  };
+  const std::string occurrences = occurrence("", "<comment>t</comment><name>n</name>", "") + second;
   build(equipment("E", children, "<name>E</name><threeDRep>RE</threeDRep>") + rep("E", "#\\e") +
-        "<PmToolInstance "
-        "ExternalId=\"O1\"><name>n</name><caption>c</caption><comment>t</comment><layout>L</layout>" +
-        info + "</PmToolInstance><PmLayout ExternalId=\"L\"><name>l</name><node>O1</node></PmLayout>" +
-        second + prototype("P", "<name>P</name>") + rep("P", "#\\p"));
+        occurrence("<name>n</name><caption>c</caption><comment>t</comment>", "", "<name>l</name>") + second +
+        prototype("P", "<name>P</name>") + rep("P", "#\\p"));
 
   using Call = bool (ZelXmlWrapper::*)(const ApiPmId&, const IXMLDOMDocument&) const;
   const Call plain = &ZelXmlWrapper::getPrototypeDataAsOutputDoc,
@@ -161,7 +138,7 @@ TEST_F(PrototypesTest, AnOutputDocumentHoldsThePrototypeAndWhatBelongsToIt) {
     bool result;
     std::string content;
   } cases[] = {{plain, "E", true, equipment("E", children) + occurrences},
-               {plain, "P", true, object("PmPartPrototype", "P", "PartPrototype")},
+               {plain, "P", true, made("PmPartPrototype", "P", "PartPrototype")},
                {plain, "none", false, ""},
                {with3D, "E", true, equipment("E", children, geometry) + rep("E", "#\\e") + occurrences}};
   for (const auto& test : cases) {
@@ -177,14 +154,14 @@ TEST_F(PrototypesTest, AnOutputDocumentHoldsThePrototypeAndWhatBelongsToIt) {
   EXPECT_FALSE(wrapper->getListOfPrototypeDataWith3DRepAsOutputDoc(ids, document));
   EXPECT_EQ(root(document), updates(prototype("P") + rep("P", "#\\p")));
   EXPECT_TRUE(wrapper->getPrototypeDataAsOutputDoc(ApiPmId("E"), document));
-  EXPECT_EQ(root(document), updates(object("PmPartPrototype", "P", "PartPrototype") + rep("P", "#\\p") +
+  EXPECT_EQ(root(document), updates(made("PmPartPrototype", "P", "PartPrototype") + rep("P", "#\\p") +
                                     equipment("E", children, geometry) + occurrences));
 }
 
 TEST_F(PrototypesTest, FilesOfPrototypesComeThroughTheCache) {
   write("in/a.jt", 2000);
   const auto placed = [](const char* id, const char* field) {
-    return object("PmPartInstance", id, "Product", field);
+    return made("PmPartInstance", id, "Product", field);
   };
   build(prototype("P") + rep("P", "#\\in") + prototype("lost") + rep("lost", "#\\gone") + prototype("none") +
         placed("I", "<prototype>P</prototype>") + placed("J", "<prototype/>") + usage("U", "<uses>P</uses>") +
@@ -205,7 +182,8 @@ TEST_F(PrototypesTest, FilesOfPrototypesComeThroughTheCache) {
   const std::string copy = path("P");
   EXPECT_TRUE(copy.starts_with(directory + "/cache") && fs::exists(copy + "/a.jt")) << copy;
   EXPECT_TRUE(wrapper->setPrototypePath(ApiPmId("P"), copy));
-  EXPECT_EQ(at(element("FP"), "fileName").text(), "#\\in");
+  EXPECT_EQ(text("FP", "fileName"), "#\\in");
+  EXPECT_EQ(path("lost"), "-") << "not that of an origin that cannot be had";
   // A build fetches all of a study first, and says so when it cannot.
   EXPECT_FALSE(wrapper->build(true));
   ASSERT_TRUE(wrapper->build(false) && wrapper->setPrototypePath(ApiPmId("lost"), directory + "/in"));

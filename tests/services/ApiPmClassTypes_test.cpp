@@ -16,8 +16,7 @@ std::string familyOf(const char* className) {
 TEST(ApiPmClassTypes, DerivationByNameAndByNumber) {
   const auto& types = ApiVorToolsClassTypesWrapper::the();
   const struct {
-    const char* derived;
-    const char* base;
+    const char *derived, *base;
     bool expected;
   } cases[] = {
       {"LightSensor", "LightSensor", true},

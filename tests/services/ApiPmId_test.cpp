@@ -1,14 +1,9 @@
 #include "api/ApiPmId.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cstdint>
-#include <random>
 #include <set>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "api/ApiPmIds.h"
 #include "dom/DomTesting.h"

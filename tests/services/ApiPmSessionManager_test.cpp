@@ -1,9 +1,5 @@
 #include "api/ApiPmSessionManager.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "dom/DomTesting.h"
 
@@ -56,8 +52,7 @@ TEST_F(Session, IndexesTheObjectsOfAllSectionsAndNothingElse) {
   const IXMLDOMDocument document = parsed(study);
   open(document);
   const struct {
-    const char* id;
-    const char* name;
+    const char *id, *name;
   } cases[] = {{"plc", ""},   {"tool", "T"}, {"twice", "first"}, {"late", "L"}, {"elsewhere", "-"},
                {"NULL", "-"}, {"", "-"},     {"TOOL", "-"},      {"tool ", "-"}};
   for (const auto& [id, name] : cases) EXPECT_EQ(nameOf(document, id), name) << id;

@@ -1,10 +1,6 @@
 #include "api/ApiVorTools.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
-#include <random>
-#include <string>
 
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "dom/DomTesting.h"

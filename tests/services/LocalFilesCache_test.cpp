@@ -1,41 +1,29 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
+#include "Folder.h"
 #include "api/ApiSysFileName.h"
 #include "api/LocalFilesCacheClientFilesManager.h"
 
 namespace fs = std::filesystem;
+using files_test::contentOf;
 
 namespace {
 
 class FilesCache : public testing::Test {
  protected:
   FilesCache() {
-    std::string pattern = (fs::temp_directory_path() / "zelxml.XXXXXX").string();
-    EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-    root_ = pattern;
-    fs::create_directories(root_ / "origin");
+    fs::create_directories(folder_.path("origin"));
     EXPECT_TRUE(files().activate(cache()));
   }
-  ~FilesCache() override {
-    files().activate("");
-    fs::remove_all(root_);
-  }
+  ~FilesCache() override { files().activate(""); }
   static LocalFilesCacheClientFilesManager& files() { return LocalFilesCacheClientFilesManager::the(); }
-  std::string cache() const { return (root_ / "cache").string(); }
-  std::string origin(const std::string& name) const { return (root_ / "origin" / name).string(); }
-  static void write(const fs::path& file, const std::string& text) {
-    fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << text;
-  }
-  static std::string read(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return stream ? std::string(std::istreambuf_iterator<char>(stream), {}) : "-";
+  std::string cache() const { return folder_.path("cache"); }
+  std::string origin(const std::string& name) const { return folder_.path("origin/" + name); }
+  // Writes a file below the origin.
+  std::string write(const std::string& name, const std::string& text) const {
+    return folder_.write("origin/" + name, text);
   }
   // The place of the copy; "-" when the answer is false.
   static std::string copyOf(const std::string& name, bool fetch) {
@@ -47,80 +35,78 @@ class FilesCache : public testing::Test {
     return files().getSourcePath(local, source) ? source : "-";
   }
 
-  fs::path root_;
+  const files_test::Folder folder_;
 };
 
 TEST_F(FilesCache, BringsWhatIsRegistered) {
-  write(origin("a/part.jt"), "A");
-  write(origin("b/p\xC3\xA4rt.jt"), "B");
+  write("a/part.jt", "A");
+  write("b/p\xC3\xA4rt.jt", "B");
   // The second is a name of the other system.
-  const std::string names[] = {origin("a/part.jt"), root_.string() + "\\origin\\b\\p\xC3\xA4rt.jt",
+  const std::string names[] = {origin("a/part.jt"), folder_.path() + "\\origin\\b\\p\xC3\xA4rt.jt",
                                origin("missing.jt"), origin("a/part.jt")};
   for (const std::string& name : names) EXPECT_TRUE(files().registerFileForDownload(name));
   EXPECT_EQ(copyOf(names[0], false), "-");
   EXPECT_FALSE(files().downloadFiles()) << "one is missing";
   const std::string copies[] = {copyOf(names[0], false), copyOf(names[1], false)};
-  EXPECT_EQ(read(copies[0]) + read(copies[1]), "AB");
+  EXPECT_EQ(contentOf(copies[0]) + contentOf(copies[1]), "AB");
   EXPECT_EQ(fs::path(copies[1]).filename(), "p\xC3\xA4rt.jt");
   EXPECT_EQ(sourceOf(copies[1]), names[1]);
   EXPECT_TRUE(files().downloadFiles()) << "registrations end with the call";
 }
 
 TEST_F(FilesCache, CopiesAgainOnlyWhatChanged) {
-  const std::string name = origin("part.jt");
-  write(name, "one");
+  const std::string name = write("part.jt", "one");
   const std::string copy = copyOf(name, true);
   // A copy that counts as up to date is not touched: it keeps what was put into it.
   const auto time = fs::last_write_time(copy);
-  write(copy, "ONE");
+  std::ofstream(copy) << "ONE";
   fs::last_write_time(copy, time);
   EXPECT_EQ(copyOf(name, true), copy);
-  EXPECT_EQ(read(copy), "ONE");
+  EXPECT_EQ(contentOf(copy), "ONE");
   // Same size, another time; then same time, another size.
   fs::last_write_time(name, time + std::chrono::seconds(5));
   EXPECT_EQ(copyOf(name, false), "-");
   EXPECT_EQ(copyOf(name, true), copy);
-  EXPECT_EQ(read(copy), "one");
-  write(name, "longer");
+  EXPECT_EQ(contentOf(copy), "one");
+  write("part.jt", "longer");
   fs::last_write_time(name, time + std::chrono::seconds(5));
   EXPECT_EQ(copyOf(name, false), "-");
-  EXPECT_EQ(read(copyOf(name, true)), "longer");
+  EXPECT_EQ(contentOf(copyOf(name, true)), "longer");
   // A copy that fails leaves the former one: nothing to copy; then something stands in the way.
   fs::remove(name);
   EXPECT_EQ(copyOf(name, true), "-");
   fs::create_directories(copy + ".part/in the way");
-  write(name, "newer text");
+  write("part.jt", "newer text");
   EXPECT_EQ(copyOf(name, true), "-");
-  EXPECT_EQ(read(copy), "longer");
+  EXPECT_EQ(contentOf(copy), "longer");
 }
 
 TEST_F(FilesCache, MirrorsADirectory) {
   const std::string name = origin("gripper.cojt");
-  write(name + "/gripper.jt", "shape");
-  write(name + "/more/data.xml", "data");
-  write(name + "/turns", "a file");
-  write(origin("shared/linked.jt"), "linked");
+  write("gripper.cojt/gripper.jt", "shape");
+  write("gripper.cojt/more/data.xml", "data");
+  write("gripper.cojt/turns", "a file");
+  write("shared/linked.jt", "linked");
   fs::create_directory_symlink(origin("shared"), name + "/link");
   const std::string copy = copyOf(name, true);
-  EXPECT_EQ(read(copy + "/gripper.jt") + read(copy + "/more/data.xml"), "shapedata");
-  EXPECT_EQ(read(copy + "/link/linked.jt"), "linked");
+  EXPECT_EQ(contentOf(copy + "/gripper.jt") + contentOf(copy + "/more/data.xml"), "shapedata");
+  EXPECT_EQ(contentOf(copy + "/link/linked.jt"), "linked");
   // What the origin lacks goes, also where a file turned into a directory.
   fs::remove(name + "/gripper.jt");
-  write(name + "/new.jt", "new");
+  write("gripper.cojt/new.jt", "new");
   fs::remove(name + "/turns");
-  write(name + "/turns/inner", "inner");
+  write("gripper.cojt/turns/inner", "inner");
   EXPECT_EQ(copyOf(name, true), copy);
-  EXPECT_EQ(read(copy + "/gripper.jt"), "-");
-  EXPECT_EQ(read(copy + "/new.jt"), "new");
-  EXPECT_EQ(read(copy + "/turns/inner"), "inner");
+  EXPECT_EQ(contentOf(copy + "/gripper.jt"), "-");
+  EXPECT_EQ(contentOf(copy + "/new.jt"), "new");
+  EXPECT_EQ(contentOf(copy + "/turns/inner"), "inner");
   EXPECT_EQ(sourceOf(copy + "/more/data.xml"), name + "/more/data.xml");
   // With a separator at the end it is another name of the same thing.
-  EXPECT_EQ(read(copyOf(name + "/", true) + "/new.jt"), "new");
+  EXPECT_EQ(contentOf(copyOf(name + "/", true) + "/new.jt"), "new");
 }
 
 TEST_F(FilesCache, RefusesWhatHasNoPlaceInTheCache) {
-  write(origin("part.jt"), "text");
-  const std::string copy = copyOf(origin("part.jt"), true);
+  const std::string copy = copyOf(write("part.jt", "text"), true);
   const std::string noNames[] = {
       "", "/", "\\", ".", "..", origin(".."), cache() + "\\..", std::string("a\0b", 3)};
   for (const std::string& name : noNames) {
@@ -128,13 +114,12 @@ TEST_F(FilesCache, RefusesWhatHasNoPlaceInTheCache) {
     EXPECT_EQ(copyOf(name, true), "-") << name;
   }
   // A directory that holds the cache cannot be brought into it.
-  for (const std::string& name : {root_.string(), cache()}) EXPECT_EQ(copyOf(name, true), "-") << name;
-  EXPECT_EQ(read(copy), "text");
+  for (const std::string& name : {folder_.path(), cache()}) EXPECT_EQ(copyOf(name, true), "-") << name;
+  EXPECT_EQ(contentOf(copy), "text");
 }
 
 TEST_F(FilesCache, TellsTheOriginOfACopy) {
-  const std::string name = origin("part.jt");
-  write(name, "text");
+  const std::string name = write("part.jt", "text");
   const std::string copy = copyOf(name, true);
   EXPECT_EQ(sourceOf(copy), name);
   for (const std::string& other :
@@ -151,7 +136,7 @@ TEST_F(FilesCache, TellsTheOriginOfACopy) {
 }
 
 TEST_F(FilesCache, InactiveItTouchesNothing) {
-  write(origin("part.jt"), "text");
+  write("part.jt", "text");
   ASSERT_TRUE(files().activate(""));
   EXPECT_FALSE(files().registerFileForDownload(origin("part.jt")));
   EXPECT_EQ(copyOf(origin("part.jt"), true), "-");
@@ -160,9 +145,7 @@ TEST_F(FilesCache, InactiveItTouchesNothing) {
 
 TEST(ApiSysFileName, FindsWhatIsCommonAndWhatIsBelow) {
   const struct {
-    const char* name;
-    const char* other;
-    const char* common;
+    const char *name, *other, *common;
     const char* below;  // the name relative to the other
   } cases[] = {{"C:\\Data\\a\\p.jt", "C:\\Data", "C:\\Data", "a\\p.jt"},
                {"C:\\Data\\a\\p.jt", "c:/dATA", "C:\\Data", "a\\p.jt"},

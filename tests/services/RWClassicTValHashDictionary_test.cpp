@@ -1,12 +1,7 @@
 #include "rw/RWClassicTValHashDictionary.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
-#include <random>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "dom/DomTesting.h"
 #include "rw/RWClassicTValHashSet.h"
@@ -143,14 +138,6 @@ void compareWithLiteral() {
 
 TEST(RWClassicTValHashDictionary, IsWhatItsRulesSay) { compareWithLiteral<RWByHash>(); }
 TEST(RWClassicTValHashDictionary, IsTheSameByNumbers) { compareWithLiteral<RWByNumber>(); }
-
-TEST(RWClassicTValHashDictionary, GrowsAtTheToldEntry) {
-  RWClassicTValHashDictionary<int, int> dictionary(RWGrowth::before(3, 2));
-  for (int key = 1; key < 194; ++key) dictionary.insert(key, 0);
-  EXPECT_EQ(dictionary.bucketCount(), 64u);
-  dictionary.insert(194, 0);
-  EXPECT_EQ(dictionary.bucketCount(), 386u);
-}
 
 // Counts how often keys are compared.
 struct CountedKey {

@@ -6,7 +6,6 @@ namespace {
 
 using zelstudy::parseEditScript;
 using zelstudy::ScriptError;
-using zelstudy::ScriptOperation;
 using Words = std::vector<std::string>;
 
 TEST(EditScript, LinesSplitIntoWords) {
@@ -57,28 +56,6 @@ TEST(EditScript, ErrorsNameTheirLineAndReason) {
       {"fly\nrename A B\nrename", "1: unknown operation \"fly\"\n3: ID is missing: rename ID NAME\n"},
   };
   for (const auto& [script, errors] : cases) EXPECT_EQ(errorsOf(script), errors) << script;
-}
-
-TEST(EditScript, OperationsKeepTheirLinesAndArguments) {
-  std::vector<ScriptError> errors;
-  const std::vector<ScriptOperation> operations = parseEditScript(
-      "\xEF\xBB\xBF# made by hand\r\n"
-      "place A +1 -2.5 3e2 0 0 1.570796\r\n"
-      "\r\n"
-      "create 3 N P",
-      errors);
-  EXPECT_TRUE(errors.empty());
-  ASSERT_EQ(operations.size(), 2u);
-
-  EXPECT_EQ(operations[0].line, 2u);
-  EXPECT_EQ(operations[0].arguments.id(0), ApiPmId("A"));
-  EXPECT_EQ(operations[0].arguments.number(2), -2.5);
-  EXPECT_EQ(operations[0].arguments.number(3), 300);
-
-  EXPECT_EQ(operations[1].line, 4u);
-  EXPECT_EQ(operations[1].arguments.nodeType(0), ZEL_COMPOUND_PART);
-  EXPECT_EQ(operations[1].arguments.count(), 3u);
-  EXPECT_EQ(operations[1].arguments.text(3), "");  // a class that was not given
 }
 
 }  // namespace

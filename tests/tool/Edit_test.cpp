@@ -1,6 +1,4 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "StudyText.h"
 #include "tool/ToolRun.h"
 
 namespace {
@@ -8,6 +6,7 @@ namespace {
 using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using namespace document_test;
 using namespace tool_test;
 using ToolEdit = StudyTest;
 
@@ -21,32 +20,31 @@ TEST_F(ToolEdit, RenamesAndDescribes) {
   EXPECT_EQ(json(edit.lines()), json::parse(R"([
       {"line": 1, "op": "rename", "result": true, "id": "A", "name": "New \"body\""},
       {"line": 2, "op": "describe", "result": true, "id": "B", "description": "two\nlines"}])"));
+  const std::string family = familyOf("Product"), comment = "<comment>two\nlines</comment>";
   EXPECT_EQ(folder.read("new.xml"),
-            replaced(replaced(smallStudy, "\"A\"><name>Body<", "\"A\"><name>New \"body\"<"),
-                     "<prototype/><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>",
-                     "<prototype/><NodeInfo><family>Product</family></NodeInfo><comment>two\nlines</comment>"
-                     "</PmPartInstance>"));
-  EXPECT_EQ(
-      folder.read("out.xml"),
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-      "<Data><Objects command=\"DG_UPDATE_STREAM_COMMAND\">"
-      "<PmCompoundPart ExternalId=\"A\"><parents/><children><item>B</item></children><layout>LA</layout>"
-      "<NodeInfo><family>Product</family></NodeInfo><name>New \"body\"</name></PmCompoundPart>"
-      "<PmPartInstance ExternalId=\"B\"><parents><item>A</item></parents><layout>LB</layout><prototype/>"
-      "<NodeInfo><family>Product</family></NodeInfo><comment>two\nlines</comment></PmPartInstance>"
-      "</Objects></Data>");
+            replaced(smallStudy, {{"\"A\"><name>Body<", "\"A\"><name>New \"body\"<"},
+                                  {"<prototype/>" + family + "</PmPartInstance>",
+                                   "<prototype/>" + family + comment + "</PmPartInstance>"}}));
+  EXPECT_EQ(folder.read("out.xml"),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
+                updates(bare("PmCompoundPart", "A",
+                             "<parents/><children><item>B</item></children><layout>LA</layout>" + family +
+                                 "<name>New \"body\"</name>") +
+                        bare("PmPartInstance", "B",
+                             "<parents><item>A</item></parents><layout>LB</layout><prototype/>" + family +
+                                 comment)));
 }
 
 TEST_F(ToolEdit, PlacesMovesAndCreates) {
   const Outcome edit = run({"edit", file, "-", "--in-place"},
-                           "create 3 N A\n"
+                           "\xEF\xBB\xBF# made by hand\r\ncreate 3 N A\r\n"
                            "move B N\n"
-                           "place B 4 5 6 0 0 0.25 # relative to N, which stands at the origin\n");
+                           "place B +4 0.5e1 6 0 0 0.25 # relative to N, which stands at the origin\n");
   EXPECT_EQ(edit.exitCode, 0) << edit.err;
   EXPECT_EQ(json(edit.lines()), json::parse(R"([
-      {"line": 1, "op": "create", "result": true, "id": "N", "type": 3, "stringType": "PmCompoundPart", "parentId": "A"},
-      {"line": 2, "op": "move", "result": true, "id": "B", "parentId": "N"},
-      {"line": 3, "op": "place", "result": true, "id": "B",
+      {"line": 2, "op": "create", "result": true, "id": "N", "type": 3, "stringType": "PmCompoundPart", "parentId": "A"},
+      {"line": 3, "op": "move", "result": true, "id": "B", "parentId": "N"},
+      {"line": 4, "op": "place", "result": true, "id": "B",
        "absoluteLocation": {"x": 4, "y": 5, "z": 6, "roll": 0, "pitch": 0, "yaw": 0.25}}])"));
   EXPECT_EQ(run({"show", file, "N", "--json"}).json()["children"], json{"B"});
   EXPECT_EQ(run({"show", file, "B", "--json"}).json()["location"],
@@ -82,11 +80,7 @@ TEST_F(ToolEdit, RefusalsCarryTheirReason) {
 }
 
 constexpr std::string_view refusedInTheMiddle =
-    "rename A First\n"
-    "\n"
-    "rename X Second\n"
-    "rename B Third\n"
-    "move B X\n";
+    "rename A First\n\nrename X Second\nrename B Third\nmove B X\n";
 
 TEST_F(ToolEdit, AStoppedScriptSavesNothing) {
   const std::string script = folder.write("s", refusedInTheMiddle);
@@ -113,8 +107,8 @@ TEST_F(ToolEdit, KeepGoingRunsAndSavesTheRest) {
               ElementsAre(std::pair(1, true), std::pair(3, false), std::pair(4, true), std::pair(5, false)));
   EXPECT_EQ(edit.err, "zelstudy: " + script + ":3: refused: no object has the id \"X\" (and 1 more)\n");
   EXPECT_EQ(folder.read("small.xml"), smallStudy);
-  EXPECT_EQ(folder.read("new.xml"), replaced(replaced(smallStudy, "\"A\"><name>Body<", "\"A\"><name>First<"),
-                                             ">Türgriff<", ">Third<"));
+  EXPECT_EQ(folder.read("new.xml"),
+            replaced(smallStudy, {{"\"A\"><name>Body<", "\"A\"><name>First<"}, {">Türgriff<", ">Third<"}}));
   EXPECT_THAT(folder.read("out.xml"), HasSubstr("<name>Third</name>"));
 }
 

@@ -1,13 +1,13 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "StudyText.h"
 #include "tool/ToolRun.h"
 
 namespace {
 
 using nlohmann::json;
 using testing::StartsWith;
+using namespace document_test;
 using namespace tool_test;
+namespace fs = std::filesystem;
 using ToolRead = StudyTest;
 using Strings = std::vector<std::string>;
 
@@ -27,9 +27,9 @@ TEST_F(ToolRead, CountsAndListsWhatAStudyHolds) {
 }
 
 TEST_F(ToolRead, MessagesOfTheBuildAreData) {
-  const std::string study =
-      replaced(smallStudy, "<children/><labels>", "<children><item>B</item></children><labels>");
-  const std::string named = replaced(study, "\"C\">", "\"C\"><name>Rack</name>");
+  const std::string named =
+      replaced(smallStudy, {{"<children/><labels>", "<children><item>B</item></children><labels>"},
+                            {"\"C\">", "\"C\"><name>Rack</name>"}});
   const Outcome info = run({"info", folder.write("shared.xml", named), "--json"});
   EXPECT_EQ(info.exitCode, 0);
   EXPECT_EQ(info.json()["messages"], json::parse(R"([{
@@ -38,14 +38,13 @@ TEST_F(ToolRead, MessagesOfTheBuildAreData) {
 
 // A chain of compound parts C0, C1, ...; `last` names the child of the last one.
 std::string chain(int length, std::string_view last) {
-  std::string text = "<Data><Objects>";
+  std::string text;
   for (int i = 0; i < length; ++i) {
     const std::string child = i + 1 < length ? "C" + std::to_string(i + 1) : std::string(last);
-    text += "<PmCompoundPart ExternalId='C" + std::to_string(i) + "'><name>n</name><children>" +
-            (child.empty() ? "" : "<item>" + child + "</item>") +
-            "</children><NodeInfo><family>Product</family></NodeInfo></PmCompoundPart>";
+    text += made("PmCompoundPart", "C" + std::to_string(i), "Product",
+                 "<name>n</name>" + listOf("children", child));
   }
-  return text + "</Objects></Data>";
+  return dataOf(text);
 }
 
 // Ids from the top of a tree whose nodes have one child at most.
@@ -86,14 +85,12 @@ TEST_F(ToolRead, DepthCostsNoStack) {
 }
 
 TEST_F(ToolRead, TextDrawsBranches) {
-  const std::string study = replaced(smallStudy, "<children><item>B</item></children><layout>LA",
-                                     "<children><item>D</item><item>B</item></children><layout>LA");
   const std::string full =
-      replaced(study, "  </Objects>",
-               "<PmCompoundPart ExternalId='D'><name>two\nlines</name><children><item>F</item></children>"
-               "<NodeInfo><family>Product</family></NodeInfo></PmCompoundPart>"
-               "<PmPartInstance ExternalId='F'><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>"
-               "</Objects>");
+      replaced(smallStudy,
+               {{"<children><item>B</item></children><layout>LA", listOf("children", "D B") + "<layout>LA"},
+                {"  </Objects>",
+                 made("PmCompoundPart", "D", "Product", "<name>two\nlines</name>" + listOf("children", "F")) +
+                     made("PmPartInstance", "F", "Product") + "</Objects>"}});
   EXPECT_EQ(run({"tree", folder.write("a.xml", full), "--root", "A"}).out,
             "Body  PmCompoundPart  A\n"
             "├─ two␊lines  PmCompoundPart  D\n"
@@ -130,9 +127,34 @@ TEST_F(ToolRead, MembersAreSetAndSaved) {
                  "variantFilter=7"})
                 .exitCode,
             0);
-  const std::string expected =
-      replaced(replaced(smallStudy, ">ada<", ">grace<"), "<VariantFilter>0", "<VariantFilter>7");
-  EXPECT_EQ(folder.read("new.xml"), expected);
+  EXPECT_EQ(folder.read("new.xml"),
+            replaced(smallStudy, {{">ada<", ">grace<"}, {"<VariantFilter>0", "<VariantFilter>7"}}));
+}
+
+TEST_F(ToolRead, PrototypesAreListedInDocumentOrder) {
+  folder.write("lib/T\xC3\xBCr/b.jt", "");
+  const std::string geometry = folder.write("lib/T\xC3\xBCr/a.jt", "");
+  fs::last_write_time(geometry,
+                      std::chrono::file_clock::from_sys(std::chrono::sys_seconds(std::chrono::hours(24))));
+  const std::string study = folder.write("s.xml", R"(<Data><Objects>
+    <PmPartPrototypeUsage ExternalId="U"><uses>P</uses><NodeInfo><family>PartPrototypeUsage</family></NodeInfo></PmPartPrototypeUsage>
+    <PmToolPrototype ExternalId="T"><NodeInfo><family>ToolPrototype</family></NodeInfo></PmToolPrototype>
+    <PmPartPrototype ExternalId="P"><name>Door</name><weight>1.5</weight><threeDRep>R</threeDRep><NodeInfo><family>PartPrototype</family></NodeInfo></PmPartPrototype>
+    <Pm3DRep ExternalId="R"><file>F</file></Pm3DRep>
+    <PmReferenceFile ExternalId="F"><fileName>#\Tür</fileName></PmReferenceFile>
+    </Objects></Data>)");
+  const std::string root = folder.path("lib"), path = root + "\\T\xC3\xBCr";
+  const Outcome list = run({"prototypes", study, "--json", "--session", "systemRoot=" + root});
+  EXPECT_EQ(list.exitCode, 0) << list.err;
+  json expected = json::parse(R"([
+    {"id": "U", "type": 11, "class": "PmPartPrototypeUsage", "uses": "P"},
+    {"id": "T", "type": 8, "class": "PmToolPrototype", "name": null, "weight": null, "storedName": null,
+     "path": null, "jtFile": null, "modificationTime": null},
+    {"id": "P", "type": 7, "class": "PmPartPrototype", "name": "Door", "weight": 1.5, "storedName": "#\\Tür",
+     "modificationTime": 86400}])");
+  expected[2]["path"] = path;
+  expected[2]["jtFile"] = path + "/a.jt";
+  EXPECT_EQ(list.json(), expected);
 }
 
 // Every way to get it wrong: its exit code, and what standard error says first.
@@ -140,6 +162,7 @@ TEST_F(ToolRead, FailuresAreToldApart) {
   const std::string broken = folder.write("broken.xml", "<Data>\n  <Objects></Data>");
   const std::string other = folder.write("other.xml", "<Data><Things/></Data>");
   const std::string none = folder.path("none.xml"), script = folder.write("script", "");
+  const std::string overwritten = " would overwrite ";
   const struct {
     std::vector<std::string> arguments;
     int exitCode;
@@ -151,14 +174,28 @@ TEST_F(ToolRead, FailuresAreToldApart) {
       {{"info", broken}, 2, broken + ":2:"},
       {{"info", other}, 2, other + ": no study"},
       {{"info", file, "--log", "3"}, 2, "--log: no such level: 3"},
-      {{"info", file, "--session", "fly=1"}, 2, "--session: unknown key \"fly\""},
+      {{"info", file, "--session", "fly"}, 2, "--session: \"fly\" is not KEY=VALUE"},
+      {{"info", file, "--session", "fly=1"}, 2, "--session: unknown key \"fly\"; the keys are "},
+      {{"info", file, "--session", "mode=+-1"}, 2, "--session: mode must be a whole number of 32 bits, not"},
+      {{"info", file, "--session", "variantFilter=2147483648"},
+       2,
+       "--session: variantFilter must be a whole"},
+      {{"info", file, "--session", "localDocument=yes"}, 2, "--session: localDocument must be true or false"},
       {{"tree", file, "--root", "X"}, 1, file + ": no object has the id \"X\""},
       {{"show", file, "\" or 1=1"}, 1, file + ": no object has the id \"\" or 1=1\""},
       {{"show", file, "LSA"}, 1, file + ": PmStudyLayout \"LSA\", line 7, is an object without a node"},
       {{"edit", file, none}, 2, none + ": cannot read the script: No such file or directory"},
       {{"edit", file, script, "-o", none, "--in-place"}, 2, "-o excludes --in-place"},
-      {{"edit", file, script, "-o", script}, 2, "-o " + script + " would overwrite " + script},
-      {{"edit", file, script, "-o", none, "--out", none}, 2, "--out " + none + " would overwrite " + none},
+      {{"edit", file, script, "-o", script}, 2, "-o " + script + overwritten + script},
+      {{"edit", file, script, "-o", none, "--out", none}, 2, "--out " + none + overwritten + none},
+      {{"import", file, other}, 2, "import: say what to take"},
+      {{"import", file, other, "--all", "--parts"}, 2, "--all excludes --parts"},
+      {{"import", file, other, "--all", "-o", other}, 2, "-o " + other + overwritten + other},
+      {{"import", file, other, "--all"}, 2, other + ": no external document"},
+      {{"check", other}, 2, other + ": no study"},
+      {{"check", "--explain", "nonsense"}, 2, ""},
+      {{"diff", file, none}, 2, none + ": cannot open the file"},
+      {{"diff", other, file}, 2, other + ": no study"},
   };
   for (const auto& [arguments, exitCode, error] : cases) {
     const Outcome failed = run(arguments);

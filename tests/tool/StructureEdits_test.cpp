@@ -1,6 +1,4 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
+#include "StudyText.h"
 #include "tool/ToolRun.h"
 
 // The operations of scripts on the structure, from outside: what they tell, and what stands in the saved
@@ -71,10 +69,9 @@ TEST_F(ToolStructureEdits, DeletedObjectsLeaveTheirDebris) {
 }
 
 // B stands in A, which counts, and in C.
-const std::string sharedStudy =
-    replaced(replaced(smallStudy, "<parents><item>A</item></parents>",
-                      "<parents><item>A</item><item>C</item></parents>"),
-             "\"C\"><parents/><children/>", "\"C\"><parents/><children><item>B</item></children>");
+const std::string sharedStudy = replaced(
+    smallStudy, {{"<parents><item>A</item></parents>", "<parents><item>A</item><item>C</item></parents>"},
+                 {"\"C\"><parents/><children/>", "\"C\"><parents/><children><item>B</item></children>"}});
 
 TEST_F(ToolStructureEdits, SharedObjectsAreDeletedOrUnshared) {
   expectLines(edited(folder, sharedStudy, "delete B\n"), {R"({"result": true, "id": "B", "gone": false})"});
@@ -117,11 +114,9 @@ TEST_F(ToolStructureEdits, LabelsAndPrototypesAreGivenAndTaken) {
 }
 
 TEST_F(ToolStructureEdits, TheStudyIsPublishedWithoutOperationShortcuts) {
-  const std::string study = replaced(smallStudy, "<linkExternalID>A<", "<linkExternalID>O<");
-  const std::string withOperation =
-      replaced(study, "  </Objects>",
-               "<PmOperation "
-               "ExternalId=\"O\"><NodeInfo><family>Operation</family></NodeInfo></PmOperation></Objects>");
+  const std::string withOperation = replaced(
+      smallStudy, {{"<linkExternalID>A<", "<linkExternalID>O<"},
+                   {"  </Objects>", document_test::made("PmOperation", "O", "Operation") + "</Objects>"}});
   expectLines(edited(folder, withOperation, "filter-study\n"), {R"({"result": true})"});
   EXPECT_THAT(folder.read("out.xml"), HasSubstr("<children/><info/>"));
   EXPECT_EQ(folder.read("new.xml"), withOperation);

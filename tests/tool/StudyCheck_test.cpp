@@ -1,29 +1,25 @@
 #include "zelstudy/StudyCheck.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <set>
 
+#include "StudyText.h"
 #include "tool/ToolRun.h"
 
 namespace {
 
+using namespace document_test;
 using namespace tool_test;
 using zelstudy::Finding;
 using Strings = std::vector<std::string>;
 
 // A layout at (x, 0, 0).
-std::string placed(const std::string& name, std::string_view id, int x, std::string_view rest = "") {
-  return "<" + name + " ExternalId=\"" + std::string(id) + "\"><location><item>" + std::to_string(x) +
-         "</item><item/><item/></location><rotation><item/><item/><item/></rotation>" + std::string(rest) +
-         "<NodeInfo><family>" + name +
-         "</family><absoluteLocation><x>0</x><y/><z/><rx/><ry/><rz/></absoluteLocation></NodeInfo></" + name +
-         ">";
-}
-
-std::string family(std::string_view name) {
-  return "<NodeInfo><family>" + std::string(name) + "</family></NodeInfo>";
+std::string placed(const std::string& type, const std::string& id, int x, const std::string& rest = "") {
+  const std::string absolute = field("absoluteLocation", "<x>0</x><y/><z/><rx/><ry/><rz/>");
+  return bare(type, id,
+              field("location", item(std::to_string(x)) + "<item/><item/>") +
+                  field("rotation", "<item/><item/><item/>") + rest +
+                  field("NodeInfo", field("family", type) + absolute));
 }
 
 const std::string studyLayout = placed("PmStudyLayout", "SL", 10, "<children/><parent>NULL</parent>");
@@ -62,7 +58,7 @@ const std::string inB = "<parents><item>A</item></parents>", childB = "<children
 const std::vector<Case> cases = {
     {"id-missing", {{" ExternalId=\"O\"", ""}}, {}, "ExternalId"},
     {"id-duplicate", {{"\"O\"", "\"F\""}}, {"F"}, "ExternalId"},
-    {"family-missing", {{family("Operation"), ""}}, {"O"}, "family"},
+    {"family-missing", {{familyOf("Operation"), ""}}, {"O"}, "family"},
     {"family-class", {{"<family>Operation", "<family>PmFlow"}}, {"O"}, "family"},
     {"number", {{"2.5", "2,5"}}, {"P"}, "weight"},
     {"number", {{"<x>11<", "<x>nan<"}}, {"LB"}, "NodeInfo/absoluteLocation"},
@@ -109,37 +105,22 @@ const std::vector<Case> cases = {
     {"location-absolute", {{"<x>11<", "<x>11.01<"}}, {"LB", "LA", "B"}, "NodeInfo/absoluteLocation"},
     {"location-root", {{"<item>0<", "<item>1<"}}, {"LC", "C"}, "NodeInfo/absoluteLocation"},
     {"study-lists", {{"<item>K</item>", "<item>K</item><item/>"}}, {"S"}, "info"},
-    {"info-unlisted",
-     {{"", "<MarvekStudyInfo ExternalId=\"J\"><layout>X</layout></MarvekStudyInfo>" +
-               placed("PmStudyLayout", "X", 0)}},
-     {"J"},
-     ""},
+    {"info-unlisted", {{"", infoWith("J", "X") + placed("PmStudyLayout", "X", 0)}}, {"J"}, ""},
     {"info-layout", {{"<layout>SL</layout>", ""}, {studyLayout, "\n"}}, {"I"}, "layout"},
     {"shortcut-parent", {{"<parent>S<", "<parent>NULL<"}}, {"K", "S"}, "parent"},
     {"shortcut-target", {{"ID>A<", "ID>Q<"}}, {"K", "Q"}, "linkExternalID"},
     {"shortcut-twice",
      {{"<item>K</item>", "<item>K</item><item>M</item>"},
       {"<item>I</item>", "<item>I</item><item/>"},
-      {"", "<PmShortcut ExternalId=\"M\"><parent>S</parent><linkExternalID>A</linkExternalID>" +
-               family("Shortcut") + "</PmShortcut>"}},
+      {"", shortcutTo("M", "A", "S")}},
      {"M", "A", "K"},
      "linkExternalID"},
-    {"shortcut-unlisted",
-     {{"", "<PmShortcut ExternalId=\"M\"><parent>S</parent><linkExternalID>Q</linkExternalID>" +
-               family("Shortcut") + "</PmShortcut>"}},
-     {"M"},
-     "parent"},
+    {"shortcut-unlisted", {{"", shortcutTo("M", "Q", "S")}}, {"M"}, "parent"},
     {"class-unknown", {{"<PmOperation ", "<Drilling "}, {"</PmOperation>", "</Drilling>"}}, {"O"}, ""},
-    {"layout-missing",
-     {{"", "<PmPartInstance ExternalId=\"X\">" + family("Product") + "</PmPartInstance>"}},
-     {"X"},
-     "layout"},
+    {"layout-missing", {{"", made("PmPartInstance", "X", "Product")}}, {"X"}, "layout"},
     {"layout-node-missing", {{"<node>C</node>", ""}}, {"LC", "C"}, "node"},
     {"reference-other", {{"<variant>NULL", "<variant>Q"}}, {"O", "Q"}, "variant"},
-    {"study-several",
-     {{"", "<MarvekStudy ExternalId=\"T\"><children/><info/>" + family("Study") + "</MarvekStudy>"}},
-     {"T", "S"},
-     ""},
+    {"study-several", {{"", studyOf("T", "", "")}}, {"T", "S"}, ""},
 };
 
 std::vector<Finding> check(std::string_view text, bool strict) {
@@ -185,13 +166,12 @@ TEST(StudyCheck, EveryRuleIsBrokenBySomethingThatBreaksNothingElse) {
 
 TEST(StudyCheck, LongCyclesAndDeepTreesAreWalked) {
   constexpr int length = 100000;
-  std::string text = "<Data><Objects>";
+  std::string text;
   for (int i = 0; i < length; ++i)
-    text += "<PmOperation ExternalId=\"" + std::to_string(i) + "\"><children><item>" +
-            std::to_string((i + 1) % length) + "</item></children><parents><item>" +
-            std::to_string((i + length - 1) % length) + "</item></parents>" + family("Operation") +
-            "</PmOperation>";
-  const std::vector<Finding> findings = check(text + "</Objects></Data>", false);
+    text += made("PmOperation", std::to_string(i), "Operation",
+                 listOf("children", std::to_string((i + 1) % length)) +
+                     listOf("parents", std::to_string((i + length - 1) % length)));
+  const std::vector<Finding> findings = check(dataOf(text), false);
   ASSERT_EQ(findings.size(), 1u);
   EXPECT_EQ(findings[0].code, "cycle");
   EXPECT_EQ(findings[0].ids.front(), "0");
@@ -216,10 +196,6 @@ TEST(StudyCheck, TheProgramTellsFindingsAndRules) {
                 " [reference-other]\n1 error, 0 debris; zelstudy check --explain CODE tells more\n");
 
   EXPECT_EQ(run({"check", "--explain", "layout-left"}).out.substr(0, 22), "layout-left (debris)\n\n");
-  EXPECT_EQ(run({"check", "--explain", "nonsense"}).exitCode, 2);
-  EXPECT_EQ(run({"check"}).exitCode, 2);
-  EXPECT_EQ(run({"check", folder.path("none.xml")}).exitCode, 2);
-  EXPECT_EQ(run({"check", folder.write("no.xml", "<Data/>")}).exitCode, 2);
 }
 
 }  // namespace

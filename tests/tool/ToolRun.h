@@ -1,61 +1,24 @@
 #pragma once
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Folder.h"
+
 // Runs of the built program on files that a test writes.
 namespace tool_test {
 
-// A directory of its own for the files of a test; it goes with the object.
-class Folder {
- public:
-  Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zelstudy_test.XXXXXX").string();
-    if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary directory");
-    path_ = name;
-  }
-  ~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-
-  std::string path(std::string_view name) const { return path_ + "/" + std::string(name); }
-  // Writes a file and answers its path.
-  std::string write(std::string_view name, std::string_view text) const {
-    std::ofstream(path(name), std::ios::binary) << text;
-    return path(name);
-  }
-  std::string read(std::string_view name) const {
-    std::ifstream file(path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  // Names of all files, hidden ones included, sorted.
-  std::vector<std::string> files() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
-      names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-  }
-
- private:
-  std::string path_;
-};
+using files_test::Folder;
 
 // What one run of the program gave.
 struct Outcome {
@@ -134,6 +97,12 @@ inline std::string replaced(std::string_view text, std::string_view from, std::s
   const std::size_t at = text.find(from);
   if (at == std::string_view::npos || text.find(from, at + 1) != std::string_view::npos) return {};
   return std::string(text.substr(0, at)) + std::string(to) + std::string(text.substr(at + from.size()));
+}
+using Replacements = std::vector<std::pair<std::string, std::string>>;
+inline std::string replaced(std::string_view text, const Replacements& replacements) {
+  std::string result(text);
+  for (const auto& [from, to] : replacements) result = replaced(result, from, to);
+  return result;
 }
 
 }  // namespace tool_test

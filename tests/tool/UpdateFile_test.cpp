@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "tool/ToolRun.h"
 
 // The command that brings a study file up to date, from outside.

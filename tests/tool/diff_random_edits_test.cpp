@@ -1,15 +1,13 @@
 // Random edit scripts for generated studies: `diff` tells what the scripts say, and nothing else.
 
 #include <cmath>
-#include <cstdlib>
 #include <functional>
-#include <map>
-#include <random>
 #include <set>
 
+#include "RandomDraws.h"
 #include "StudyGenerator.h"
-#include "document/DocumentTest.h"
 #include "tool/ToolRun.h"
+#include "zelgen/Objects.h"
 
 namespace {
 
@@ -24,41 +22,26 @@ struct Object {
   bool isCompound = false, isSingle = true, isMoved = false;
 };
 
-class DiffRandomEdits : public testing::Test {
+class DiffRandomEdits : public testing::Test, protected RandomDraws {
  protected:
-  void SetUp() override {
-    const char* asked = std::getenv("ZEL_SEED");
-    seed = asked ? std::strtoull(asked, nullptr, 10) : std::random_device{}();
-    random.seed(seed);
-  }
-
   void read(const std::string& text) {
-    const IXMLDOMDocument document = document_test::parse(text);
-    const IXMLDOMNode section = document_test::at(document, "Data/Objects");
-    for (IXMLDOMElement each = section.firstElementChild(); each; each = each.nextElementSibling()) {
-      IXMLDOMNode layout, comment;
-      ApiPmIdList parents, children;
-      std::string id;
-      Object object;
-      zelXmlGetExternalId(each, id);
-      if (!zelXmlGetReferencedNode(document, each, "layout", layout) || layout.nodeName() != "PmLayout")
-        continue;
-      zelXmlGetName(each, object.name);
-      if (each.selectSingleNode("comment", comment)) object.comment = comment.text();
-      zelXmlGetParentItemIds(each, parents);
-      zelXmlGetLayoutTransform(layout, object.place);
-      IXMLDOMNode list;
-      object.isCompound = each.selectSingleNode("children", list);
-      object.isSingle = parents.entries() < 2;
-      if (parents.entries()) object.parent = parents[0].asString();
-      objects.emplace(id, object);
+    const zelgen_test::Objects all = zelgen_test::objectsOf(document_test::parse(text));
+    for (const auto& [id, each] : all) {
+      const auto layout = all.find(each.textOf("layout"));
+      if (layout == all.end() || layout->second.name != "PmLayout") continue;
+      Object& object = objects[id];
+      object.name = each.textOf("name");
+      if (each.has("comment")) object.comment = each.textOf("comment");
+      const auto parents = each.items("parents");
+      if (!parents.empty()) object.parent = parents[0];
+      object.isSingle = parents.size() < 2;
+      object.isCompound = each.has("children");
+      zelXmlGetLayoutTransform(layout->second.node, object.place);
     }
     before = objects;
   }
 
-  std::size_t below(std::size_t count) { return random() % count; }
-  double length() { return static_cast<double>(below(20001)) / 4 - 2500; }
-  double angle(double most) { return most * (static_cast<double>(below(2001)) / 1000 - 1); }
+  double length() { return RandomDraws::length(2500); }
   std::string any(const std::function<bool(const Object&)>& fits) {
     for (;;) {
       auto found = objects.begin();
@@ -142,8 +125,6 @@ class DiffRandomEdits : public testing::Test {
     return changes;
   }
 
-  std::uint64_t seed = 0;
-  std::mt19937_64 random;
   std::map<std::string, Object> before, objects;
   std::set<std::string> gone, labels;
   int edits = 0;

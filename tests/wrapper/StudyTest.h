@@ -15,32 +15,18 @@
 
 namespace document_test {
 
-// A layout object at these relative and absolute positions, without rotation.
-inline std::string layout(const std::string& id, const std::string& node, const std::string& parent,
-                          const std::string& children, int relative, int absolute) {
-  auto items = [](int x) {
-    return "<item>" + std::to_string(x) + ".000000</item><item>0.000000</item><item>0.000000</item>";
-  };
-  return "<PmLayout ExternalId=\"" + id + "\"><location>" + items(relative) + "</location><rotation>" +
-         items(0) + "</rotation><children>" + children + "</children><parent>" + parent + "</parent><node>" +
-         node + "</node><NodeInfo><family>PmLayout</family><absoluteLocation><x>" + std::to_string(absolute) +
-         ".000000</x><y>0.000000</y><z>0.000000</z><rx>0.000000</rx><ry>0.000000</ry><rz>0.000000</rz>" +
-         "</absoluteLocation></NodeInfo></PmLayout>";
+inline std::string textOf(const ApiPmId& id) { return id.asString(); }
+inline std::string textOf(const std::string& text) { return text; }
+inline std::string textOf(const ZelNode* node) {
+  ApiPmId id;
+  return node->getExternalId(id) ? id.asString() : "";
 }
-
-inline std::string item(const std::string& id) { return "<item>" + id + "</item>"; }
-inline std::string items(std::initializer_list<const char*> ids) {
+// With blanks between.
+template <class List>
+std::string joined(const List& list) {
   std::string text;
-  for (const char* id : ids) text += item(id);
+  for (const auto& each : list) text.append(text.empty() ? "" : " ").append(textOf(each));
   return text;
-}
-
-// An object of a part tree with a layout "L" + id.
-inline std::string part(const std::string& id, const std::string& parents, const std::string& children) {
-  const std::string name = children == "-" ? "PmPartInstance" : "PmCompoundPart";
-  return "<" + name + " ExternalId=\"" + id + "\"><name>" + id + "</name><parents>" + parents + "</parents>" +
-         (children == "-" ? "" : "<children>" + children + "</children>") + "<layout>L" + id +
-         "</layout><NodeInfo><family>Product</family></NodeInfo></" + name + ">";
 }
 
 // A built study behind the abstract model. The OUT document takes commands once publish() was called.
@@ -65,8 +51,9 @@ class StudyTest : public DocumentTest {
     DocumentTest::TearDown();
   }
 
-  void build(const std::string& objects) {
-    open(objects);
+  void build(const std::string& objects) { buildText(dataOf(objects)); }
+  void buildText(const std::string& text) {
+    openText(text);
     ASSERT_TRUE(wrapper->build(false));
   }
   void publish() { wrapper->setOutDocument(stream); }
@@ -75,32 +62,57 @@ class StudyTest : public DocumentTest {
   ZelXmlNode* xmlNode(std::string_view id) const { return zelXmlNodeOf(node(id)); }
   ZelCollection* collection(std::string_view id) const { return zelQuery<ZelCollection>(node(id)); }
   ZelPhysical* physical(std::string_view id) const { return zelQuery<ZelPhysical>(node(id)); }
-  std::vector<std::string> roots() const {
+  bool remove(std::string_view id) {
+    ApiPmId known(id);
+    return wrapper->deleteNode(known);
+  }
+  // Sorted: their order is that of the registry.
+  std::string roots() const {
     ApiPmIdList ids;
     wrapper->getRoots(ids);
-    std::vector<std::string> texts;
-    for (const ApiPmId& id : ids) texts.push_back(id.asString());
-    std::sort(texts.begin(), texts.end());
-    return texts;
+    std::sort(ids.begin(), ids.end());
+    return joined(ids);
+  }
+  // Joined with blanks, "-" for none.
+  std::string parentsOf(std::initializer_list<const char*> ids) const {
+    std::string text;
+    for (const char* id : ids) text += (text.empty() ? "" : " ") + parentOf(id);
+    return text;
+  }
+  std::string nameOf(std::string_view id) const {
+    RWClassicWString name;
+    EXPECT_TRUE(node(id)->getName(name)) << id;
+    return name;
+  }
+  RTTran3D placeOf(std::string_view id) const {
+    RTTran3D place;
+    EXPECT_TRUE(physical(id)->getLocation(place)) << id;
+    return place;
   }
   std::string parentOf(std::string_view id) const {
     ApiPmId parent;
     return wrapper->relevantParentFinder().findRelevantParent(ApiPmId(id), parent) ? parent.asString() : "-";
   }
+  // The items of a list.
   std::string list(std::string_view id, const std::string& field) const {
-    IXMLDOMNodeList found;
-    element(id).selectNodes(field + "/item", found);
-    std::string text;
-    for (const IXMLDOMNode& entry : found) text += (text.empty() ? "" : " ") + entry.text();
-    return text;
+    ZelXmlList<std::string> texts;
+    zelXmlGetTextList(element(id), field, texts);
+    return joined(texts);
+  }
+  // Holds lists, each named by object and field, against their items.
+  void expectLists(const std::vector<std::pair<std::string, std::string>>& expected) const {
+    for (const auto& [path, items] : expected) {
+      const std::size_t slash = path.find('/');
+      EXPECT_EQ(list(path.substr(0, slash), path.substr(slash + 1)), items) << path;
+    }
   }
   bool exists(std::string_view id) const {
     IXMLDOMElement found;
     return study.findByAttribute("ExternalId", id, found);
   }
-  double x(std::string_view layoutId, const char* path) const {
-    return std::stod(at(element(layoutId), path).text());
-  }
+  // The first number of a layout's place in its parent, and in the study.
+  double relativeX(std::string_view id) const { return std::stod(text(id, "location/item")); }
+  double absoluteX(std::string_view id) const { return std::stod(text(id, "NodeInfo/absoluteLocation/x")); }
   // Element names and ids of one section of the OUT document, in order.
   std::string commands(const std::string& command) const {
     std::string text;

@@ -1,8 +1,9 @@
-#include "wrapper/StudyTest.h"
-
 #include <map>
 #include <set>
 #include <sstream>
+
+#include "Folder.h"
+#include "wrapper/StudyTest.h"
 
 using namespace document_test;
 
@@ -12,11 +13,6 @@ class BuildTest : public StudyTest {};
 
 // One element per line of the class decision; the id is the expected type.
 TEST_F(BuildTest, DecidesTheClassByFamilyNameShapeAndClassType) {
-  auto object = [](const std::string& name, const std::string& family, const std::string& id,
-                   const std::string& fields = "") {
-    return "<" + name + " ExternalId=\"" + id + "\">" + fields + "<NodeInfo><family>" + family +
-           "</family></NodeInfo></" + name + ">";
-  };
   struct Case {
     const char *name, *family, *fields;
     int type;  // -1 for no node
@@ -58,14 +54,13 @@ TEST_F(BuildTest, DecidesTheClassByFamilyNameShapeAndClassType) {
   };
   std::string text;
   int index = 0;
-  for (const Case& test : cases) text += object(test.name, test.family, std::to_string(index++), test.fields);
+  for (const Case& test : cases) text += made(test.name, std::to_string(index++), test.family, test.fields);
   // Behind their users, so that nothing depends on the order of objects.
-  text += object("LightSensor", "ToolPrototype", "light") +
-          object("PropertySensor", "ToolPrototype", "property") +
-          object("PmEquipmentPrototype", "EquipmentPrototype", "equipment") +
-          object("PmPartPrototype", "PartPrototype", "known") +
-          object("PmToolInstance", "Resource", "master") +
-          object("PmToolInstance", "Resource", "user", "<masterObj>master</masterObj>");
+  text += made("LightSensor", "light", "ToolPrototype") +
+          made("PropertySensor", "property", "ToolPrototype") +
+          made("PmEquipmentPrototype", "equipment", "EquipmentPrototype") +
+          made("PmPartPrototype", "known", "PartPrototype") + made("PmToolInstance", "master", "Resource") +
+          made("PmToolInstance", "user", "Resource", "<masterObj>master</masterObj>");
   build(text);
   index = 0;
   for (const Case& test : cases) {
@@ -90,11 +85,7 @@ TEST_F(BuildTest, ServesTheInterfacesOfEachClassOnOneObject) {
       {14, {1, 2, 18, 19, 26}},
       {145, {2, 19, 30}},
   };
-  open("");
-  DomError error;
-  const IXMLDOMDocument cell = IXMLDOMDocument::create();
-  ASSERT_TRUE(cell.load(ZELXML_SOURCE_DIR "/examples/cell/cell.xml", &error)) << error.message();
-  session().setImportedDocumentAndDocRef(cell, {});
+  openText(files_test::contentOf(ZELXML_SOURCE_DIR "/examples/cell/cell.xml"));
   ASSERT_TRUE(wrapper->read());
   ZelNodeList nodes;
   wrapper->getAllNodes(nodes);
@@ -126,24 +117,17 @@ TEST_F(BuildTest, ServesTheInterfacesOfEachClassOnOneObject) {
 }
 
 TEST_F(BuildTest, TheFirstParentCountsAndALaterOneIsReported) {
-  build(
-      part("A", "", items({"S", "Q"})) + part("B", "", items({"S", "A"})) +
-      part("S", items({"A", "B"}), "-") +
-      "<PmDvProcessAssembly ExternalId=\"Q\"><name>Q</name><children><item>R</item><item>S</item></children>"
-      "<NodeInfo><family>Product</family></NodeInfo></PmDvProcessAssembly>"
-      "<PmDvProcessAssembly ExternalId=\"R\"><NodeInfo><family>Product</family></NodeInfo>"
-      "</PmDvProcessAssembly>");
-  EXPECT_EQ(parentOf("S"), "A");
-  EXPECT_EQ(parentOf("A"), "B");
-  EXPECT_EQ(parentOf("Q"), "-") << "a compound is no parent of a process assembly";
-  EXPECT_EQ(parentOf("R"), "Q");
-  EXPECT_EQ(roots(), (std::vector<std::string>{"B", "Q"}));
+  build(part("A", "", "S Q") + part("B", "", "S A") + part("S", "A B", "-") +
+        made("PmDvProcessAssembly", "Q", "Product", "<name>Q</name>" + listOf("children", "R S")) +
+        made("PmDvProcessAssembly", "R", "Product"));
+  EXPECT_EQ(parentsOf({"S", "A", "Q", "R"}), "A B - Q") << "a compound is no parent of a process assembly";
+  EXPECT_EQ(roots(), "B Q");
   // The second parent's name goes out with the child's; a process assembly's claim is one more.
   ASSERT_EQ(messages.size(), 2u);
   EXPECT_EQ(messages[0].code, "ZELXML_SHARED_NODE_ADDITIONAL_PARENT_IGNORED");
   EXPECT_EQ(messages[0].severity, 3);
-  EXPECT_EQ(messages[0].texts, (std::vector<std::string>{"S", "B"}));
-  EXPECT_EQ(messages[1].texts, (std::vector<std::string>{"S", "Q"}));
+  EXPECT_EQ(joined(messages[0].texts), "S B");
+  EXPECT_EQ(joined(messages[1].texts), "S Q");
   // Only the parent that counts shows the child.
   ZelNodeList children;
   ApiPmIdList ids;
@@ -153,10 +137,7 @@ TEST_F(BuildTest, TheFirstParentCountsAndALaterOneIsReported) {
 }
 
 TEST_F(BuildTest, AShortcutIsFoundFromItsTargetAlsoAheadOfIt) {
-  build(
-      "<PmShortcut ExternalId=\"K\"><linkExternalID>P</linkExternalID><NodeInfo><family>Shortcut</family>"
-      "</NodeInfo></PmShortcut>" +
-      part("P", "", "-"));
+  build(shortcutTo("K", "P", "") + part("P", "", "-"));
   ApiPmId shortcut;
   EXPECT_TRUE(wrapper->findShortcut(ApiPmId("P"), shortcut));
   EXPECT_EQ(shortcut.text(), "K");
@@ -165,14 +146,12 @@ TEST_F(BuildTest, AShortcutIsFoundFromItsTargetAlsoAheadOfIt) {
 
 TEST_F(BuildTest, OddDocumentsLoadAsFarAsTheyGo) {
   // A cycle, an object without id, a compound without id that has children, a family outside an object.
-  build(part("A", item("B"), item("B")) + part("B", item("A"), item("A")) +
-        "<PmPartInstance><NodeInfo><family>Product</family></NodeInfo></PmPartInstance>"
-        "<PmCompoundPart><children><item>B</item></children><NodeInfo><family>Product</family></NodeInfo>"
-        "</PmCompoundPart>");
+  build(part("A", "B", "B") + part("B", "A", "A") + partWithoutId +
+        "<PmCompoundPart><children><item>B</item></children>" + familyOf("Product") + "</PmCompoundPart>");
   EXPECT_EQ(wrapper->nodesNum(), 2);
-  EXPECT_TRUE(roots().empty());
+  EXPECT_EQ(roots(), "");
   for (const char* text : {"<Data/>", "<Data><Objects/></Data>", "<Other/>"}) {
-    session().setImportedDocumentAndDocRef(parse(text), {});
+    openText(text);
     EXPECT_TRUE(wrapper->build(true)) << text;
     EXPECT_EQ(wrapper->nodesNum(), 0) << text;
   }
@@ -198,7 +177,7 @@ TEST_F(BuildTest, TheStudyCarriesTheSessionsData) {
   session().projectId = {};
   session().variantFilter = 0;
   session().rootNodeIdByte = 1;
-  session().setImportedDocumentAndDocRef(parse(saved.str()), {});
+  openText(saved.str());
   ASSERT_TRUE(wrapper->read());
   EXPECT_EQ(session().userName, "planner <1>");
   EXPECT_EQ(session().projectId.text(), "project");
@@ -207,7 +186,7 @@ TEST_F(BuildTest, TheStudyCarriesTheSessionsData) {
 }
 
 TEST_F(BuildTest, ARegisteredIdKeepsItsFormerNodeAliveUntilTheNextBuild) {
-  build(part("A", "", "-") + layout("LA", "A", "NULL", "", 0, 0));
+  build(part("A", "", "-") + layout("LA", "A"));
   ZelNode* former = node("A");
   ZelNode* later = wrapper->createRoot(ZEL_PART_INSTANCE, ApiPmId("A"));
   ASSERT_TRUE(later);
@@ -215,7 +194,7 @@ TEST_F(BuildTest, ARegisteredIdKeepsItsFormerNodeAliveUntilTheNextBuild) {
   EXPECT_EQ(wrapper->nodesNum(), 1);
   RWClassicWString name;
   EXPECT_TRUE(former->getName(name) && name == "A");
-  EXPECT_EQ(roots(), std::vector<std::string>{"A"});
+  EXPECT_EQ(roots(), "A");
 }
 
 }  // namespace

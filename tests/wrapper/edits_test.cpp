@@ -11,32 +11,27 @@ class EditsTest : public StudyTest {
  protected:
   void SetUp() override {
     StudyTest::SetUp();
-    build(part("A", "", item("P")) + part("B", "", "") + part("P", item("A"), "-") +
-          layout("LA", "A", "NULL", item("LP"), 10, 10) + layout("LB", "B", "NULL", "", 4, 4) +
-          layout("LP", "P", "LA", "", 1, 11) +
-          "<MarvekStudy ExternalId=\"S\"><name>S</name><children><item>K</item></children>"
-          "<info><item>I</item></info><NodeInfo><family>Study</family></NodeInfo></MarvekStudy>"
-          "<PmShortcut ExternalId=\"K\"><name>B</name><parent>S</parent><linkExternalID>B</linkExternalID>"
-          "<NodeInfo><family>Shortcut</family></NodeInfo></PmShortcut>"
-          "<MarvekStudyInfo ExternalId=\"I\"><layout>LI</layout></MarvekStudyInfo>"
-          "<PmStudyLayout ExternalId=\"LI\"><location><item>7</item><item>0</item><item>0</item></location>"
-          "<rotation><item/><item/><item/></rotation></PmStudyLayout>");
+    build(part("A", "", "P") + part("B", "", "") + part("P", "A", "-") +
+          layout("LA", "A", "NULL", "LP", 10, 10) + layout("LB", "B", "NULL", "", 4, 4) +
+          layout("LP", "P", "LA", "", 1, 11) + studyOf("S", "K", "I") + shortcutTo("K", "B", "S") +
+          infoWith("I", "LI") +
+          bare("PmStudyLayout", "LI",
+               listOf("location", "7 0 0") + field("rotation", "<item/><item/><item/>")));
   }
-  RTTran3D at(double position) const { return RTTran3D({position, 0, 0}, {}); }
   ZelVorStudy* theStudy() const { return zelQuery<ZelVorStudy>(node("S")); }
 };
 
 TEST_F(EditsTest, AMovedChildKeepsItsPlaceAndStaysInStepEverywhere) {
   publish();
   ASSERT_TRUE(collection("B")->moveChild(node("P")));
-  EXPECT_EQ(list("A", "children"), "");
-  EXPECT_EQ(list("B", "children"), "P");
-  EXPECT_EQ(list("P", "parents"), "B");
-  EXPECT_EQ(list("LA", "children"), "");
-  EXPECT_EQ(list("LB", "children"), "LP");
-  EXPECT_EQ(document_test::at(element("LP"), "parent").text(), "LB");
-  EXPECT_DOUBLE_EQ(x("LP", "location/item"), 7);
-  EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), 11);
+  expectLists({{"A/children", ""},
+               {"B/children", "P"},
+               {"P/parents", "B"},
+               {"LA/children", ""},
+               {"LB/children", "LP"}});
+  EXPECT_EQ(text("LP", "parent"), "LB");
+  EXPECT_DOUBLE_EQ(relativeX("LP"), 7);
+  EXPECT_DOUBLE_EQ(absoluteX("LP"), 11);
   EXPECT_EQ(parentOf("P"), "B");
   EXPECT_EQ(node("P")->getParent(), node("B"));
   EXPECT_EQ(updated(), "A B LA LB P LP");
@@ -45,9 +40,8 @@ TEST_F(EditsTest, AMovedChildKeepsItsPlaceAndStaysInStepEverywhere) {
   ASSERT_TRUE(wrapper->addRootFromOtherParent(node("P")));
   EXPECT_EQ(parentOf("P"), "-");
   EXPECT_EQ(list("P", "parents"), "");
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "B", "P", "S"}));
-  RTTran3D location;
-  EXPECT_TRUE(physical("P")->getLocation(location) && location == at(11));
+  EXPECT_EQ(roots(), "A B P S");
+  EXPECT_EQ(placeOf("P"), along(11));
 }
 
 TEST_F(EditsTest, AFormerChildTakesItsOldParentWithoutACycleOfLayouts) {
@@ -58,10 +52,9 @@ TEST_F(EditsTest, AFormerChildTakesItsOldParentWithoutACycleOfLayouts) {
   EXPECT_EQ(list("LA", "children"), "LP");
   EXPECT_EQ(list("new1", "children"), "LA");
   for (const double place : {100.0, 200.0}) {
-    RTTran3D location;
-    ASSERT_TRUE(physical("A")->setLocation(at(place)));
-    EXPECT_TRUE(physical("A")->getLocation(location) && location.isNear(at(place), 1e-6, 1e-6));
-    EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), place + 1);
+    ASSERT_TRUE(physical("A")->setLocation(along(place)));
+    EXPECT_TRUE(placeOf("A").isNear(along(place), 1e-6, 1e-6));
+    EXPECT_DOUBLE_EQ(absoluteX("LP"), place + 1);
   }
 }
 
@@ -79,42 +72,40 @@ TEST_F(EditsTest, NothingMovesUnderItselfOrBelow) {
 
 TEST_F(EditsTest, ListsThatDisagreeMakeNoCycleEither) {
   // Only A's list names B: going up from B finds nothing.
-  build(part("A", "", item("B")) + part("B", "", "") + layout("LA", "A", "NULL", "", 0, 0) +
-        layout("LB", "B", "NULL", "", 0, 0));
+  build(part("A", "", "B") + part("B", "", "") + layout("LA", "A") + layout("LB", "B"));
   wrapper->relevantParentFinder().removeRelevantParent(ApiPmId("B"));
   EXPECT_FALSE(collection("B")->moveChild(node("A")));
   EXPECT_EQ(list("B", "children"), "");
 }
 
 TEST_F(EditsTest, LocationsAreThoseOfParentStudyOrDocument) {
-  RTTran3D location;
-  EXPECT_TRUE(physical("P")->getLocation(location) && location == at(1));
-  EXPECT_TRUE(physical("A")->getLocation(location) && location == at(10));
-  EXPECT_TRUE(physical("B")->getLocation(location) && location == at(7));
-  EXPECT_TRUE(physical("B")->getAbsoluteLocation(location) && location == at(4));
-  EXPECT_TRUE(physical("S")->getLocation(location) && location == RTTran3D::unit);
+  EXPECT_EQ(placeOf("P"), along(1));
+  EXPECT_EQ(placeOf("A"), along(10));
+  EXPECT_EQ(placeOf("B"), along(7));
+  EXPECT_EQ(placeOf("S"), RTTran3D::unit);
+  RTTran3D inStudy;
+  EXPECT_TRUE(physical("B")->getAbsoluteLocation(inStudy) && inStudy == along(4));
 
   publish();
-  ASSERT_TRUE(physical("A")->setLocation(at(20)));
-  EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), 21) << "what stands below follows";
-  ASSERT_TRUE(physical("P")->setLocation(at(-3)));
-  EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), 17);
-  ASSERT_TRUE(physical("B")->setLocation(at(8)));
-  EXPECT_DOUBLE_EQ(x("LI", "location/item"), 8);
-  EXPECT_DOUBLE_EQ(x("LB", "location/item"), 4) << "a place in the study is not the object's own";
+  ASSERT_TRUE(physical("A")->setLocation(along(20)));
+  EXPECT_DOUBLE_EQ(absoluteX("LP"), 21) << "what stands below follows";
+  ASSERT_TRUE(physical("P")->setLocation(along(-3)));
+  EXPECT_DOUBLE_EQ(absoluteX("LP"), 17);
+  ASSERT_TRUE(physical("B")->setLocation(along(8)));
+  EXPECT_DOUBLE_EQ(relativeX("LI"), 8);
+  EXPECT_DOUBLE_EQ(relativeX("LB"), 4) << "a place in the study is not the object's own";
   EXPECT_EQ(updated(), "LA LP LI");
 }
 
 TEST_F(EditsTest, NewObjectsArePublishedWholeAndPlaced) {
   publish();
-  ZelNode* made = collection("A")->createChild(ZEL_COMPOUND_PART, ApiPmId("N"));
-  ASSERT_TRUE(made);
+  ASSERT_TRUE(collection("A")->createChild(ZEL_COMPOUND_PART, ApiPmId("N")));
   EXPECT_EQ(element("N").xml(),
-            "<PmCompoundPart ExternalId=\"N\"><name/><parents><item>A</item></parents><children/>"
-            "<layout>new1</layout><NodeInfo><family>Product</family></NodeInfo></PmCompoundPart>");
+            made("PmCompoundPart", "N", "Product",
+                 "<name/>" + listOf("parents", "A") + "<children/><layout>new1</layout>"));
   EXPECT_EQ(updated(), "A LA N new1");
   EXPECT_EQ(parentOf("N"), "A");
-  EXPECT_DOUBLE_EQ(x("new1", "location/item"), -10) << "made at the origin of the study";
+  EXPECT_DOUBLE_EQ(relativeX("new1"), -10) << "made at the origin of the study";
 
   // Refused: nothing is made, no layout either.
   const std::string before = root(study);
@@ -131,46 +122,41 @@ TEST_F(EditsTest, NewObjectsArePublishedWholeAndPlaced) {
   ASSERT_TRUE(collection("A")->createChild(ZEL_MATERIAL_FLOW, ApiPmId("M")));
   EXPECT_TRUE(exists("M"));
   ASSERT_TRUE(wrapper->createRoot(ZEL_RESOURCE_INSTANCE, "PmToolInstance", ApiPmId("T"), {}));
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "B", "S", "T"}));
+  EXPECT_EQ(roots(), "A B S T");
 }
 
 TEST_F(EditsTest, DeletionGoesTheWayOfTheParents) {
   publish();
-  ApiPmId id("P");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  ASSERT_TRUE(remove("P"));
   EXPECT_EQ(deleted(), "LP P");
   EXPECT_EQ(updated(), "A");
   EXPECT_FALSE(exists("P") || exists("LP"));
   EXPECT_EQ(parentOf("P"), "-");
   EXPECT_EQ(node("P"), nullptr);
-  EXPECT_FALSE(wrapper->deleteNode(id));
+  EXPECT_FALSE(remove("P"));
 
   // A root that a study shows: the shortcut goes with its objects, the layout of a root stays.
-  id = ApiPmId("B");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  ASSERT_TRUE(remove("B"));
   EXPECT_EQ(deleted(), "LP P K I LI B");
-  EXPECT_EQ(list("S", "children") + list("S", "info"), "");
+  expectLists({{"S/children", ""}, {"S/info", ""}});
   EXPECT_TRUE(exists("LB"));
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "S"}));
+  EXPECT_EQ(roots(), "A S");
   EXPECT_FALSE(wrapper->deleteNodesList({}));
   EXPECT_FALSE(wrapper->deleteNodesList({ApiPmId("A"), ApiPmId("none"), ApiPmId("S")}));
-  EXPECT_EQ(roots(), std::vector<std::string>{"S"});
+  EXPECT_EQ(roots(), "S");
 }
 
 TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
-  build(part("A", "", item("P")) + part("B", "", item("P")) + part("C", "", item("P")) +
-        part("P", items({"A", "B", "C"}), "-") + layout("LA", "A", "NULL", item("LP"), 0, 0) +
-        layout("LB", "B", "NULL", item("LP"), 0, 0) + layout("LP", "P", "LB", "", 0, 0));
+  build(part("A", "", "P") + part("B", "", "P") + part("C", "", "P") + part("P", "A B C", "-") +
+        layout("LA", "A", "NULL", "LP") + layout("LB", "B", "NULL", "LP") + layout("LP", "P", "LB"));
   ASSERT_TRUE(wrapper->removeSharing());
-  EXPECT_EQ(list("P", "parents"), "A");
-  EXPECT_EQ(list("A", "children"), "P");
-  EXPECT_EQ(list("B", "children") + list("C", "children") + list("LB", "children"), "");
-  EXPECT_EQ(document_test::at(element("LP"), "parent").text(), "");
+  expectLists(
+      {{"P/parents", "A"}, {"A/children", "P"}, {"B/children", ""}, {"C/children", ""}, {"LB/children", ""}});
+  EXPECT_EQ(text("LP", "parent"), "");
 
-  build(part("A", "", item("P")) + part("B", "", item("P")) + part("P", items({"A", "B"}), "-"));
+  build(part("A", "", "P") + part("B", "", "P") + part("P", "A B", "-"));
   publish();
-  ApiPmId id("P");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  ASSERT_TRUE(remove("P"));
   EXPECT_TRUE(exists("P"));
   EXPECT_EQ(list("P", "parents"), "B");
   EXPECT_EQ(deleted(), "");
@@ -178,46 +164,37 @@ TEST_F(EditsTest, ASharedObjectLosesOnlyTheParentThatCounts) {
 }
 
 TEST_F(EditsTest, AnObjectWithAParentThatDoesNotCountIsKept) {
-  build(part("P", item("gone"), "-") + layout("LP", "P", "NULL", "", 0, 0));
-  ApiPmId id("P");
-  EXPECT_FALSE(wrapper->deleteNode(id));
+  build(part("P", "gone", "-") + layout("LP", "P"));
+  EXPECT_FALSE(remove("P"));
   EXPECT_TRUE(exists("P"));
-  EXPECT_EQ(roots(), std::vector<std::string>{"P"});
+  EXPECT_EQ(roots(), "P");
   session().deleteMode = 1;
-  EXPECT_TRUE(wrapper->deleteNode(id));
+  EXPECT_TRUE(remove("P"));
   EXPECT_FALSE(exists("P") || exists("LP"));
 }
 
 TEST_F(EditsTest, AProcessAssemblyLeavesNoPointerAmongTheRoots) {
-  build(
-      "<PmDvProcessAssembly ExternalId=\"Q\"><children><item>R</item></children><NodeInfo>"
-      "<family>Product</family></NodeInfo></PmDvProcessAssembly><PmDvProcessAssembly ExternalId=\"R\">"
-      "<NodeInfo><family>Product</family></NodeInfo></PmDvProcessAssembly>");
-  ApiPmId id("R");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  build(made("PmDvProcessAssembly", "Q", "Product", listOf("children", "R")) +
+        made("PmDvProcessAssembly", "R", "Product"));
+  ASSERT_TRUE(remove("R"));
   EXPECT_EQ(list("Q", "children"), "");
-  id = ApiPmId("Q");
-  ASSERT_TRUE(wrapper->deleteNode(id));
-  EXPECT_TRUE(roots().empty());
+  ASSERT_TRUE(remove("Q"));
+  EXPECT_EQ(roots(), "");
 }
 
 TEST_F(EditsTest, AStudyShowsObjectsByShortcuts) {
   publish();
   EXPECT_TRUE(theStudy()->containsNode(node("B")) && theStudy()->hasShortcutChild(node("B")));
   ASSERT_TRUE(collection("S")->moveChild(node("P")));
-  EXPECT_EQ(list("S", "children"), "K new1");
-  EXPECT_EQ(list("S", "info"), "I new2");
-  EXPECT_EQ(list("A", "children") + list("P", "parents"), "");
-  EXPECT_EQ(
-      element("new1").xml(),
-      "<PmShortcut ExternalId=\"new1\"><name>P</name><parent>S</parent><linkExternalID>P</linkExternalID>"
-      "<NodeInfo><family>Shortcut</family></NodeInfo></PmShortcut>");
+  expectLists({{"S/children", "K new1"}, {"S/info", "I new2"}, {"A/children", ""}, {"P/parents", ""}});
+  EXPECT_EQ(element("new1").xml(),
+            made("PmShortcut", "new1", "Shortcut",
+                 "<name>P</name><parent>S</parent><linkExternalID>P</linkExternalID>"));
   EXPECT_EQ(updated(), "A P new3 new2 S new1");
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "B", "P", "S"}));
+  EXPECT_EQ(roots(), "A B P S");
   ZelNodeList shown;
   ASSERT_TRUE(theStudy()->getChildrenOfType(ZEL_PART_INSTANCE, shown));
-  EXPECT_EQ(shown.entries(), 1u);
-  EXPECT_EQ(shown[0], node("P"));
+  EXPECT_EQ(shown, ZelNodeList{node("P")});
 
   // Into a compound: the shortcut goes first.
   ASSERT_TRUE(collection("A")->moveChild(node("P")));
@@ -241,20 +218,19 @@ TEST_F(EditsTest, RefreshesFollowTheDataStoreInSilence) {
   EXPECT_FALSE(wrapper->findShortcut(ApiPmId("B"), shortcut));
   EXPECT_FALSE(wrapper->refreshDeleteRoot(node("P"))) << "no root";
 
-  ASSERT_TRUE(wrapper->refreshSetChildAsRoot(node("P"), ApiPmId("outside"), ApiPmId("Loutside"), at(10)));
-  EXPECT_DOUBLE_EQ(x("LP", "location/item"), 1);
-  EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), 11);
-  EXPECT_EQ(list("LA", "children"), "");
-  EXPECT_EQ(list("P", "parents"), "outside");
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "P", "S"}));
+  ASSERT_TRUE(wrapper->refreshSetChildAsRoot(node("P"), ApiPmId("outside"), ApiPmId("Loutside"), along(10)));
+  EXPECT_DOUBLE_EQ(relativeX("LP"), 1);
+  EXPECT_DOUBLE_EQ(absoluteX("LP"), 11);
+  expectLists({{"LA/children", ""}, {"P/parents", "outside"}});
+  EXPECT_EQ(roots(), "A P S");
   EXPECT_EQ(updated() + deleted(), "");
 }
 
 TEST_F(EditsTest, LocalEditsPublishNothing) {
   publish();
   ASSERT_TRUE(zelQuery<ZelVorCollection>(node("B"))->moveChildLocally(node("P")));
-  EXPECT_DOUBLE_EQ(x("LP", "location/item"), 1) << "the relative placement stays";
-  EXPECT_DOUBLE_EQ(x("LP", "NodeInfo/absoluteLocation/x"), 5);
+  EXPECT_DOUBLE_EQ(relativeX("LP"), 1) << "the relative placement stays";
+  EXPECT_DOUBLE_EQ(absoluteX("LP"), 5);
   EXPECT_EQ(list("LB", "children"), "LP");
   ASSERT_TRUE(zelQuery<ZelVorCollection>(node("B"))->removeChildLocally(ApiPmId("P")));
   EXPECT_FALSE(exists("P") || exists("LP"));
@@ -267,7 +243,7 @@ TEST_F(EditsTest, RootsTakeTheOrderAskedFor) {
   wrapper->reorderRoots({ApiPmId("S"), ApiPmId("P"), ApiPmId("A")});
   ApiPmIdList ids;
   wrapper->getRoots(ids);
-  EXPECT_EQ(ids, (ApiPmIdList{ApiPmId("S"), ApiPmId("A"), ApiPmId("B")}));
+  EXPECT_EQ(joined(ids), "S A B");
   wrapper->reorderRoots({});
   ApiPmIdList same;
   wrapper->getRoots(same);
@@ -280,12 +256,11 @@ TEST_F(EditsTest, PrototypesAreNeitherRootsNorPublished) {
   data.weight = 2.5;
   ApiPmId id;
   ASSERT_TRUE(wrapper->createNewPrototype(data, {}, id));
-  EXPECT_EQ(
-      element(id.text()).xml(),
-      "<PmEquipmentPrototype ExternalId=\"new1\"><NodeInfo><family>EquipmentPrototype</family></NodeInfo>"
-      "<children/><weight>2.500000</weight></PmEquipmentPrototype>");
+  EXPECT_EQ(element(id.text()).xml(),
+            bare("PmEquipmentPrototype", "new1",
+                 familyOf("EquipmentPrototype") + "<children/><weight>2.500000</weight>"));
   EXPECT_EQ(node("new1")->type(), ZEL_EQUIPMENT_PROTOTYPE);
-  EXPECT_EQ(roots(), (std::vector<std::string>{"A", "B", "S"}));
+  EXPECT_EQ(roots(), "A B S");
   EXPECT_EQ(updated(), "");
   EXPECT_FALSE(wrapper->addExistingPrototype(data)) << "without an id";
   EXPECT_TRUE(wrapper->copyOccurrences(*node("new1"), *node("new1"))) << "there is nothing to copy";
@@ -298,8 +273,7 @@ TEST_F(EditsTest, TheExportKnowsChangedAndDeletedObjects) {
   EXPECT_TRUE(answer) << "untouched without an OUT document";
   publish();
   ASSERT_TRUE(node("A")->setName("renamed"));
-  ApiPmId id("P");
-  ASSERT_TRUE(wrapper->deleteNode(id));
+  ASSERT_TRUE(remove("P"));
   EXPECT_TRUE(wrapper->isNodeInExportedNodes(ApiPmId("A"), answer) && answer);
   EXPECT_TRUE(wrapper->isNodeInExportDeletedNodes(ApiPmId("P"), answer) && answer);
   EXPECT_TRUE(wrapper->isNodeInExportedNodes(ApiPmId("P"), answer) && !answer);

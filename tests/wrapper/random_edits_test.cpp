@@ -1,12 +1,11 @@
 // Random edits of generated studies through the public interfaces: between any two edits roots, registry and
 // finders agree, and a study that was saved and opened again is the one that was edited.
 
-#include <cstdlib>
-#include <functional>
-#include <random>
+#include <map>
 #include <set>
 #include <sstream>
 
+#include "RandomDraws.h"
 #include "StudyGenerator.h"
 #include "node/ZelXmlNode.h"
 #include "wrapper/StudyTest.h"
@@ -18,41 +17,22 @@ using namespace document_test;
 
 namespace {
 
-class RandomEdits : public StudyTest {
+class RandomEdits : public StudyTest, protected RandomDraws {
  protected:
-  void SetUp() override {
-    StudyTest::SetUp();
-    const char* asked = std::getenv("ZEL_SEED");
-    seed = asked ? std::strtoull(asked, nullptr, 10) : std::random_device{}();
-    random.seed(seed);
-  }
-
   void open(std::uint32_t objects) {
-    zelgen::StudyOptions options;
-    options.objects = objects;
-    options.seed = seed;
-    options.shared = 20;
-    study = parse(zelgen::generateStudy(options));
-    session().setImportedDocumentAndDocRef(study, {});
+    openText(zelgen::generateStudy({.objects = objects, .seed = seed, .shared = 20}));
     ASSERT_TRUE(wrapper->read());
     publish();
   }
 
-  std::size_t below(std::size_t count) { return count ? random() % count : 0; }
-  // Lengths as the generator has them: a placement keeps six decimals of its angles, so a move by a long way
-  // to a place close to the parent is exact only as far as that way goes.
-  double length() { return static_cast<double>(below(20001)) - 10000; }
-  double angle(double most) { return most * (static_cast<double>(below(2001)) / 1000 - 1); }
+  double length() { return RandomDraws::length(10000); }
   RTTran3D place() { return RTTran3D({length(), length(), length()}, {angle(3), angle(1.5), angle(3)}); }
   ZelNode* any() {
     if (pool.empty() || below(200) == 0) {
       pool.clear();
       ZelNodeList nodes;
       wrapper->getAllNodes(nodes);
-      for (const ZelNode* each : nodes) {
-        ApiPmId id;
-        if (each->getExternalId(id)) pool.push_back(id);
-      }
+      for (const ZelNode* each : nodes) pool.emplace_back(textOf(each));
     }
     return wrapper->getZelNodeFromId(pool[below(pool.size())]);  // null for one that is gone by now
   }
@@ -165,10 +145,8 @@ class RandomEdits : public StudyTest {
     }
     for (const ZelNode* each : wrapper->roots().list()) EXPECT_TRUE(registered.count(each));
     for (const zelstudy::Finding& finding : zelstudy::checkStudy(study)) {
-      std::string ids;
-      for (const std::string& id : finding.ids) ids += id + ' ';
       EXPECT_NE(finding.severity, zelstudy::Severity::error)
-          << finding.code << ' ' << ids << finding.field << ' ' << finding.text;
+          << finding.code << ' ' << joined(finding.ids) << ' ' << finding.field << ' ' << finding.text;
     }
   }
 
@@ -184,26 +162,19 @@ class RandomEdits : public StudyTest {
     ZelNodeList nodes;
     of.getAllNodes(nodes);
     for (ZelNode* each : nodes) {
-      ApiPmId id;
+      const ApiPmId id(textOf(each));
       std::string name;
-      each->getExternalId(id);
       each->getName(name);
-      ApiPmIdList parents;
+      ApiPmIdList parents, living;  // parents that were deleted stay in the list
       zelXmlGetParentItemIds(zelXmlNodeOf(each)->getXmlNode(), parents);
-      ApiPmIdList living;  // parents that were deleted stay in the list
       for (const ApiPmId& parent : parents) {
         if (of.getZelNodeFromId(parent)) living.append(parent);
       }
       Seen& entry = seen[id.asString()];
-      entry.text = std::to_string(each->type()) + ' ' + name;
-      for (const ApiPmId& parent : living) entry.text += ' ' + parent.asString();
+      entry.text = std::to_string(each->type()) + ' ' + name + ' ' + joined(living);
       ZelNode* parent = zelXmlNodeOf(each)->getParent();
-      if (living.entries() == 1 && parent) {
-        parent->getExternalId(id);
-        entry.parent = id.asString();
-      }
+      if (living.entries() == 1 && parent) entry.parent = textOf(parent);
       ApiPmId shortcut;
-      each->getExternalId(id);
       if (of.findShortcut(id, shortcut)) entry.shortcut = shortcut.asString();
       zelXmlNodeOf(each)->getAbsoluteLocation(entry.absolute);
     }
@@ -236,8 +207,6 @@ class RandomEdits : public StudyTest {
     messages.clear();
   }
 
-  std::uint64_t seed = 0;
-  std::mt19937_64 random;
   std::vector<ApiPmId> pool;
   int made = 0;
 };

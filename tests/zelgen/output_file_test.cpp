@@ -2,10 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <fstream>
-#include <iterator>
+#include "Folder.h"
 
 namespace zelgen {
 namespace {
@@ -14,40 +12,30 @@ namespace fs = std::filesystem;
 
 class OutputFileTest : public testing::Test {
  protected:
-  OutputFileTest() : folder_(fs::temp_directory_path() / ("zelgen_test" + std::to_string(getpid()))) {
-    fs::create_directory(folder_);
-    std::ofstream(target()) << "former";
-  }
-  ~OutputFileTest() override { fs::remove_all(folder_); }
+  std::string content() const { return folder.read("study.xml"); }
 
-  fs::path target() const { return folder_ / "study.xml"; }
-  static std::string contentOf(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  auto filesInFolder() const { return std::distance(fs::directory_iterator(folder_), {}); }
-
-  fs::path folder_;
+  const files_test::Folder folder;
+  const std::string target = folder.write("study.xml", "former");
 };
 
 TEST_F(OutputFileTest, ReplacesTheTargetOnlyOnCommit) {
-  EXPECT_TRUE(OutputFile(target()).write("half"));
-  EXPECT_EQ(contentOf(target()), "former");
-  OutputFile file(target());
+  EXPECT_TRUE(OutputFile(target).write("half"));
+  EXPECT_EQ(content(), "former");
+  OutputFile file(target);
   EXPECT_TRUE(file.write("the whole study"));
-  EXPECT_EQ(contentOf(target()), "former");
+  EXPECT_EQ(content(), "former");
   EXPECT_TRUE(file.commit());
-  EXPECT_EQ(contentOf(target()), "the whole study");
-  EXPECT_EQ(filesInFolder(), 1);
+  EXPECT_EQ(content(), "the whole study");
+  EXPECT_EQ(folder.files().size(), 1u);
 }
 
 TEST_F(OutputFileTest, FollowsASymbolicLinkInsteadOfReplacingIt) {
-  const fs::path link = folder_ / "link.xml";
-  fs::create_symlink(target(), link);
+  const std::string link = folder.path("link.xml");
+  fs::create_symlink(target, link);
   OutputFile file(link);
   EXPECT_TRUE(file.write("new") && file.commit());
   EXPECT_TRUE(fs::is_symlink(link));
-  EXPECT_EQ(contentOf(target()), "new");
+  EXPECT_EQ(content(), "new");
 }
 
 TEST_F(OutputFileTest, SaysWhyItFailed) {

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
 #include <set>
 
 #include "dom/DomTesting.h"
-#include "rt/RTTran3D.h"
+#include "zelgen/Objects.h"
+#include "zelstudy/StudyDiff.h"
 
 namespace zelgen_test {
 namespace {
@@ -17,176 +17,70 @@ namespace {
 using zelgen::generateStudy;
 using zelgen::StudyOptions;
 
-struct Element {
-  explicit Element(const IXMLDOMElement& from) : name(from.tagName()) {
-    std::string_view value;
-    if (from.getAttribute("ExternalId", value)) id = value;
-    for (auto child = from.firstElementChild(); child; child = child.nextElementSibling())
-      children.emplace_back(child);
-    if (children.empty() && from.text().find_first_not_of(" \n") != std::string::npos) text = from.text();
-  }
-  const Element* child(std::string_view wanted) const {
-    for (const auto& each : children) {
-      if (each.name == wanted) return &each;
-    }
-    return nullptr;
-  }
-  std::string textOf(std::string_view wanted) const {
-    const Element* found = child(wanted);
-    return found ? found->text : "";
-  }
-  std::vector<std::string> items(std::string_view list) const {
-    std::vector<std::string> result;
-    if (const Element* found = child(list)) {
-      for (const auto& item : found->children) result.push_back(item.text);
-    }
-    return result;
-  }
-  bool operator==(const Element&) const = default;
+Objects generated(const StudyOptions& options) { return objectsOf(parse(generateStudy(options))); }
 
-  std::string name, id, text;  // the text is that of a leaf, blanks alone are none
-  std::vector<Element> children;
-};
+// The families of what a field must name.
+const std::map<std::string, std::set<std::string>> namedFamilies = {
+    {"layout", {"PmLayout", "PmStudyLayout"}},
+    {"node", {"Product", "Resource"}},
+    {"prototype", {"PartPrototype", "ToolPrototype"}},
+    {"threeDRep", {"ExternalDocument"}},
+    {"file", {"PmReferenceFile"}},
+    {"linkExternalID", {"Product", "Resource", "Operation"}},
+    {"processResource", {"Resource"}},
+    {"predecessor", {"Operation"}},
+    {"successor", {"Operation"}}};
 
-Element read(const std::string& text) { return Element(domtest::parsed(text).documentElement()); }
-
-RTTran3D relativeOf(const Element& layout) {
-  const auto vector = [&layout](const char* list) {
-    const auto items = layout.items(list);
-    EXPECT_EQ(items.size(), 3u);
-    return RTVec3D{std::stod(items.at(0)), std::stod(items.at(1)), std::stod(items.at(2))};
-  };
-  return {vector("location"), vector("rotation")};
-}
-
-RTTran3D absoluteOf(const Element& layout) {
-  const Element* info = layout.child("NodeInfo")->child("absoluteLocation");
-  const auto number = [info](const char* name) { return std::stod(info->textOf(name)); };
-  return {{number("x"), number("y"), number("z")}, {number("rx"), number("ry"), number("rz")}};
-}
-
-/// A study read back, with the checks that any study must pass.
-class ReadStudy {
- public:
-  explicit ReadStudy(const StudyOptions& options) : root_(read(generateStudy(options))) {
-    for (const auto& object : objects()) {
-      EXPECT_TRUE(byId_.emplace(object.id, &object).second) << "an id twice";
-    }
-    options_ = options;
-  }
-
-  const std::vector<Element>& objects() const { return root_.child("Objects")->children; }
-
-  // Throws where a reference dangles.
-  const Element& at(const std::string& id) const { return *byId_.at(id); }
-  static std::string familyOf(const Element& object) { return object.child("NodeInfo")->textOf("family"); }
-
-  void checkAll() const {
-    EXPECT_EQ(objects().size(), options_.objects);
-    std::set<std::string> numbers;
-    for (const auto& object : objects()) {
-      SCOPED_TRACE(object.name + " " + object.id);
-      EXPECT_TRUE(numbers.insert(object.child("NodeInfo")->textOf("Id")).second)
-          << "an internal number twice";
-      checkReferences(object);
-      const std::string family = familyOf(object);
-      if (family == "Product" || family == "Resource" || family == "Operation") checkParents(object);
-      if (family == "Product" || family == "Resource") checkLayout(object);
-      if (family == "Study") checkStudy(object);
-      if (family == "Label") {
-        EXPECT_THAT(at(object.textOf("node")).items("labels"), testing::Contains(object.id));
-      }
-    }
-  }
-
-  unsigned levelOf(const Element& object) const {
-    const auto parents = object.items("parents");
-    return parents.empty() ? 1 : 1 + levelOf(at(parents[0]));
-  }
-
- private:
-  /// What each reference field must name, by the family of the named object.
-  void checkReferences(const Element& object) const {
-    static const std::map<std::string, std::set<std::string>> kFields = {
-        {"layout", {"PmLayout", "PmStudyLayout"}},
-        {"node", {"Product", "Resource"}},
-        {"prototype", {"PartPrototype", "ToolPrototype"}},
-        {"threeDRep", {"ExternalDocument"}},
-        {"file", {"PmReferenceFile"}},
-        {"linkExternalID", {"Product", "Resource", "Operation"}},
-        {"processResource", {"Resource"}},
-        {"predecessor", {"Operation"}},
-        {"successor", {"Operation"}}};
-    for (const auto& [field, families] : kFields) {
+// What holds for every study: that it is in order, and what such a check leaves open.
+void expectStudy(const StudyOptions& options) {
+  const IXMLDOMDocument document = parse(generateStudy(options));
+  expectInOrder(document);
+  const Objects objects = objectsOf(document);
+  EXPECT_EQ(objects.size(), options.objects);
+  std::set<std::string> numbers, roots, shown;
+  for (const auto& [id, object] : objects) {
+    SCOPED_TRACE(object.name + " " + id);
+    EXPECT_TRUE(numbers.insert(object.textOf("NodeInfo/Id")).second) << "an internal number twice";
+    const std::string family = object.family();
+    for (const auto& [field, families] : namedFamilies) {
       const std::string target = object.textOf(field);
-      if (target.empty()) continue;
-      EXPECT_THAT(families, testing::Contains(familyOf(at(target)))) << field;
+      EXPECT_TRUE(target.empty() || families.contains(objects.at(target).family())) << field;
     }
-    for (const auto& label : object.items("labels")) EXPECT_EQ(at(label).textOf("node"), object.id);
-  }
-
-  void checkParents(const Element& object) const {
-    std::set<std::string> once;
-    for (const auto& parent : object.items("parents")) {
-      EXPECT_TRUE(once.insert(parent).second) << "a parent twice";
-      EXPECT_THAT(at(parent).items("children"), testing::Contains(object.id));
-      EXPECT_EQ(familyOf(at(parent)), familyOf(object));
-      // The order of the objects is that of the vector they stand in.
-      EXPECT_LT(&at(object.items("parents")[0]), &object);
-      EXPECT_LE(&at(object.items("parents")[0]), &at(parent)) << "the first parent comes first";
+    const Strings parents = object.items("parents");
+    for (const std::string& parent : parents) {
+      const std::size_t first = objects.at(parents[0]).place;
+      EXPECT_EQ(objects.at(parent).family(), family);
+      EXPECT_LT(first, object.place);
+      EXPECT_LE(first, objects.at(parent).place) << "the first parent comes first";
     }
-    for (const auto& child : object.items("children")) {
-      EXPECT_THAT(at(child).items("parents"), testing::Contains(object.id));
-    }
-  }
-
-  void checkLayout(const Element& object) const {
-    const Element& layout = at(object.textOf("layout"));
-    EXPECT_EQ(layout.textOf("node"), object.id);
-    for (const auto& child : layout.items("children")) EXPECT_EQ(at(child).textOf("parent"), layout.id);
-    const auto parents = object.items("parents");
-    if (parents.empty()) {
-      EXPECT_EQ(layout.textOf("parent"), "NULL");
-      EXPECT_EQ(relativeOf(layout), absoluteOf(layout));
-      return;
-    }
-    const Element& above = at(at(parents[0]).textOf("layout"));
-    EXPECT_EQ(layout.textOf("parent"), above.id);
-    EXPECT_THAT(above.items("children"), testing::Contains(layout.id));
-    EXPECT_TRUE((absoluteOf(above) * relativeOf(layout)).isNear(absoluteOf(layout), 1e-5, 1e-5));
-  }
-
-  void checkStudy(const Element& study) const {
-    const auto shortcuts = study.items("children"), infos = study.items("info");
-    ASSERT_EQ(shortcuts.size(), infos.size());
-    std::set<std::string> shown;
+    if (parents.empty() && (family == "Product" || family == "Resource" || family == "Operation"))
+      roots.insert(id);
+    EXPECT_TRUE(family != "Label" || objects.at(object.textOf("node")).holds("labels", id));
+    if (family != "Study") continue;
+    const Strings shortcuts = object.items("children"), infos = object.items("info");
     for (std::size_t i = 0; i < shortcuts.size(); ++i) {
-      const Element& shortcut = at(shortcuts[i]);
-      const Element& info = at(infos[i]);
-      const Element& target = at(shortcut.textOf("linkExternalID"));
-      EXPECT_EQ(shortcut.textOf("parent"), study.id);
-      EXPECT_EQ(info.name, study.name + "Info");
-      EXPECT_TRUE(shown.insert(target.id).second) << "shown twice";
-      if (!target.textOf("layout").empty()) {
-        EXPECT_EQ(relativeOf(at(info.textOf("layout"))), absoluteOf(at(target.textOf("layout"))));
-      }
-    }
-    for (const auto& object : objects()) {
-      const std::string family = familyOf(object);
-      const bool root = object.items("parents").empty() &&
-                        (family == "Product" || family == "Resource" || family == "Operation");
-      EXPECT_EQ(shown.count(object.id) == 1, root) << object.name;
+      const std::string target = objects.at(shortcuts[i]).textOf("linkExternalID");
+      shown.insert(target);
+      const Object& info = objects.at(infos.at(i));
+      EXPECT_EQ(info.name, object.name + "Info");
+      const std::string layout = objects.at(target).textOf("layout");
+      if (layout.empty()) continue;
+      // A root stands in the study where it stands at all.
+      for (const char* field : {"location", "rotation"})
+        EXPECT_EQ(objects.at(info.textOf("layout")).items(field), objects.at(layout).items(field));
     }
   }
+  EXPECT_EQ(shown, roots);
+}
 
-  StudyOptions options_;
-  Element root_;
-  std::map<std::string, const Element*> byId_;
-};
+unsigned levelOf(const Objects& objects, const Object& object) {
+  const Strings parents = object.items("parents");
+  return parents.empty() ? 1 : 1 + levelOf(objects, objects.at(parents[0]));
+}
 
-std::size_t sharedLeaves(const ReadStudy& study) {
+std::size_t sharedLeaves(const StudyOptions& options) {
   std::size_t count = 0;
-  for (const auto& object : study.objects()) count += object.items("parents").size() == 2;
+  for (const auto& [id, object] : generated(options)) count += object.items("parents").size() == 2;
   return count;
 }
 
@@ -205,7 +99,7 @@ TEST(StudyGenerator, EveryStudyIsConsistentAndOfTheAskedSize) {
   }
   for (auto& options : cases) {
     options.seed = draw();
-    ReadStudy(options).checkAll();
+    expectStudy(options);
     if (HasFailure()) return;
   }
 }
@@ -213,32 +107,31 @@ TEST(StudyGenerator, EveryStudyIsConsistentAndOfTheAskedSize) {
 TEST(StudyGenerator, SmallestStudyHoldsEveryKind) {
   for (std::uint64_t seed = 0; seed < 20; ++seed) {
     SCOPED_TRACE(seed);
-    const ReadStudy study({.objects = zelgen::kMinObjects, .seed = seed});
     std::set<std::string> families;
-    for (const auto& object : study.objects()) families.insert(ReadStudy::familyOf(object));
+    for (const auto& [id, object] : generated({.objects = zelgen::kMinObjects, .seed = seed}))
+      families.insert(object.family());
     EXPECT_EQ(families.size(), 14u);
   }
 }
 
 TEST(StudyGenerator, DeepestTreeHasTheAskedDepth) {
   for (const std::uint32_t depth : {2u, 3u, 9u, 150u}) {
-    const ReadStudy study({.objects = 2000, .depth = depth});
+    const Objects objects = generated({.objects = 2000, .depth = depth});
     unsigned deepest = 0;
-    for (const auto& object : study.objects()) deepest = std::max(deepest, study.levelOf(object));
+    for (const auto& [id, object] : objects) deepest = std::max(deepest, levelOf(objects, object));
     EXPECT_EQ(deepest, depth);
   }
 }
 
 TEST(StudyGenerator, SharingFollowsItsShareAndLeavesTheRestAlone) {
-  EXPECT_EQ(sharedLeaves(ReadStudy({.objects = 4000, .shared = 0})), 0u);
-  const auto some = sharedLeaves(ReadStudy({.objects = 4000, .shared = 20}));
-  const auto all = sharedLeaves(ReadStudy({.objects = 4000, .shared = 100}));
+  EXPECT_EQ(sharedLeaves({.objects = 4000, .shared = 0}), 0u);
+  const auto some = sharedLeaves({.objects = 4000, .shared = 20});
+  const auto all = sharedLeaves({.objects = 4000, .shared = 100});
   EXPECT_NEAR(static_cast<double>(some) / static_cast<double>(all), 0.2, 0.06);
 
-  const ReadStudy without({.objects = 1000, .shared = 0}), with({.objects = 1000, .shared = 50});
-  for (std::size_t i = 0; i < with.objects().size(); ++i) {
-    EXPECT_EQ(with.objects()[i].textOf("name"), without.objects()[i].textOf("name"));
-  }
+  const Objects without = generated({.objects = 1000, .shared = 0});
+  for (const auto& [id, object] : generated({.objects = 1000, .shared = 50}))
+    EXPECT_EQ(object.textOf("name"), without.at(id).textOf("name"));
 }
 
 TEST(StudyGenerator, PrettyDiffersFromCompactInBlanksOnly) {
@@ -246,7 +139,8 @@ TEST(StudyGenerator, PrettyDiffersFromCompactInBlanksOnly) {
   const std::string compact = generateStudy(options);
   options.pretty = true;
   const std::string pretty = generateStudy(options);
-  EXPECT_TRUE(read(compact) == read(pretty));
+  const zelstudy::StudyDiff diff = zelstudy::diffStudies(parse(compact), parse(pretty));
+  EXPECT_TRUE(diff.added.empty() && diff.removed.empty() && diff.changed.empty());
   // A line per object, and declaration, comment and the two frames of two lines around them.
   EXPECT_EQ(std::count(compact.begin(), compact.end(), '\n'), 400 + 6);
 }
