@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -151,7 +152,7 @@ class RWClassicTValHashDictionary {
     if (count_ <= growth_.limit * bucketCount_) return;
     sequence_ = listing();
     for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
-    bucketCount_ = growth_.factor * count_;
+    bucketCount_ = std::max<std::size_t>(growth_.factor * count_, 1);
   }
   void resizeTable() {
     shift_ = table_.empty() ? 64 - 6 : shift_ - 1;
