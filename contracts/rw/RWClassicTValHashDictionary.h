@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -130,7 +131,7 @@ class RWClassicTValHashDictionary {
     for (const Entry* entry : sequence_) {
       if (entry) ++start[entry->hash % bucketCount_ + 1];
     }
-    for (std::size_t i = 1; i <= bucketCount_; ++i) start[i] += start[i - 1];
+    std::partial_sum(start.begin(), start.end(), start.begin());
     std::vector<Entry*> listed(count_);
     for (Entry* entry : sequence_) {
       if (entry) listed[start[entry->hash % bucketCount_]++] = entry;
