@@ -90,7 +90,7 @@ void Study::publish() {
 Study& readStudy(long objects) {
   static long size = 0;
   static std::unique_ptr<Study> study;
-  if (size != objects) {
+  if (!study || size != objects) {
     study.reset();
     study = std::make_unique<Study>(studyFile(objects));
     size = objects;
@@ -126,7 +126,7 @@ PugiStudy::PugiStudy(const std::string& file) {
 PugiStudy& readPugiStudy(long objects) {
   static long size = 0;
   static std::unique_ptr<PugiStudy> study;
-  if (size != objects) {
+  if (!study || size != objects) {
     study.reset();
     study = std::make_unique<PugiStudy>(studyFile(objects));
     size = objects;

@@ -38,7 +38,7 @@ void rename(benchmark::State& state, long objects) {
   std::vector<ZelNode*> parts = nodesOf(study, {ZEL_PART_INSTANCE, ZEL_COMPOUND_PART});
   for (ZelNode* node : parts) node->setName("first");
   long round = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     for (int i = 0; i < rounds; ++i) {
       const std::string name = "name " + std::to_string(++round);
@@ -64,7 +64,7 @@ void renameByHand(benchmark::State& state, long objects) {
   std::shuffle(parts.begin(), parts.end(), std::mt19937(2));
   if (parts.size() > edits) parts.resize(edits);
   long round = 0;
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     for (int i = 0; i < rounds; ++i) {
       const std::string name = "name " + std::to_string(++round);
@@ -93,7 +93,7 @@ void move(benchmark::State& state, long objects) {
     }
   };
   moveAll();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     moveAll();
     spend(state, watch.seconds());
@@ -120,7 +120,7 @@ void remove(benchmark::State& state, Study& study, const std::vector<ZelNode*>& 
 }
 
 void removeAny(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     study.publish();
     remove(state, study, nodesOf(study, {ZEL_PART_INSTANCE, ZEL_RESOURCE_INSTANCE}));
@@ -129,7 +129,7 @@ void removeAny(benchmark::State& state, long objects) {
 
 // Objects that stand in the study by a shortcut of their own.
 void removeShown(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     study.publish();
     ApiPmIdList roots;
@@ -147,7 +147,7 @@ void removeShown(benchmark::State& state, long objects) {
 
 // As many children into one new compound as the study has objects.
 void fill(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(1000));
     study.publish();
     auto* compound =
@@ -163,7 +163,7 @@ void fill(benchmark::State& state, long objects) {
 
 // And out again, one by one, in the order that they came.
 void empty(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(1000));
     study.publish();
     auto* compound =

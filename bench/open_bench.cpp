@@ -50,8 +50,8 @@ struct LibxmlObject {
 void openLibxml2(const std::string& file) {
   xmlDoc* document = xmlReadFile(file.c_str(), nullptr, XML_PARSE_NONET | XML_PARSE_COMPACT);
   if (!document) std::exit(2);
-  auto& objects = *new std::unordered_map<std::string, LibxmlObject>;
-  auto& parents = *new std::unordered_map<std::string, std::string>;
+  static auto& objects = *new std::unordered_map<std::string, LibxmlObject>;
+  static auto& parents = *new std::unordered_map<std::string, std::string>;
   for (xmlNode* element = child(xmlDocGetRootElement(document), "Objects")->children; element;
        element = element->next) {
     if (element->type != XML_ELEMENT_NODE) continue;
@@ -95,7 +95,7 @@ Outcome runApart(void (*open)(const std::string&), const std::string& file) {
 template <void (*Open)(const std::string&)>
 void openIt(benchmark::State& state, long objects) {
   const std::string& file = studyFile(objects);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Outcome outcome = runApart(Open, file);
     spend(state, outcome.seconds);
     state.counters["bytes"] = outcome.peakBytes;

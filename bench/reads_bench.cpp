@@ -17,7 +17,7 @@ using namespace bench;
 template <class Things, class Read>
 void readAll(benchmark::State& state, const Things& things, Read read) {
   const std::size_t rounds = std::max<std::size_t>(1, 50'000 / things.size());
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     for (std::size_t round = 0; round < rounds; ++round) {
       for (const auto& thing : things) benchmark::DoNotOptimize(read(thing));

@@ -16,7 +16,7 @@ std::string target(long objects) { return studyFile(objects) + ".saved"; }
 void ours(benchmark::State& state, long objects) {
   const IXMLDOMDocument document = IXMLDOMDocument::create();
   if (!document.load(studyFile(objects))) std::exit(2);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     std::ofstream stream(target(objects), std::ios::binary);
     if (!document.save(stream)) std::exit(2);
@@ -30,7 +30,7 @@ void ours(benchmark::State& state, long objects) {
 void byPugixml(benchmark::State& state, long objects) {
   pugi::xml_document document;
   if (!document.load_file(studyFile(objects).c_str())) std::exit(2);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     const Watch watch;
     if (!document.save_file(target(objects).c_str(), "", pugi::format_raw)) std::exit(2);
     spend(state, watch.seconds());

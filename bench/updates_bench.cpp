@@ -14,14 +14,14 @@ namespace {
 using namespace bench;
 
 IXMLDOMDocument read(const std::string& file) {
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  IXMLDOMDocument document = IXMLDOMDocument::create();
   if (!document.load(file)) std::exit(2);
   return document;
 }
 
 // An update that holds every object of the study.
 void replaceAll(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     const IXMLDOMDocument update = read(studyFile(objects));
     ApiPmIdList deleted;
@@ -37,7 +37,7 @@ void replaceAll(benchmark::State& state, long objects) {
 
 // An update of as many objects, all of them new to a small study.
 void addAll(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     const IXMLDOMDocument update = read(studyFile(objects));
     IXMLDOMNode section;
@@ -60,7 +60,7 @@ void addAll(benchmark::State& state, long objects) {
 
 // An import of every object of a document with the same objects.
 void importAll(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     const IXMLDOMDocument external = read(studyFile(objects));
     ApiPmSessionManager::the().rootNodeId = study.wrapper().studyId();
@@ -77,7 +77,7 @@ void importAll(benchmark::State& state, long objects) {
 }
 
 void unshare(benchmark::State& state, long objects) {
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     Study study(studyFile(objects));
     cool();
     const Watch watch;
@@ -93,7 +93,7 @@ void refresh(benchmark::State& state, long objects) {
   const IXMLDOMDocument nothing = IXMLDOMDocument::create();
   nothing.loadXML("<Data><Objects/></Data>");
   study.wrapper().setUpdateDocument(nothing);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     cool();
     const Watch watch;
     study.wrapper().update(false);
@@ -104,7 +104,7 @@ void refresh(benchmark::State& state, long objects) {
 
 void check(benchmark::State& state, long objects) {
   const IXMLDOMDocument document = read(studyFile(objects));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     cool();
     const Watch watch;
     benchmark::DoNotOptimize(zelstudy::checkStudy(document));
@@ -120,7 +120,7 @@ void compare(benchmark::State& state, long objects) {
   IXMLDOMNodeList names;
   after.selectNodes("Data/Objects/*/name", names);
   for (long i = 0; i < names.length(); i += 100) names.item(i).putText("another");
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     cool();
     const Watch watch;
     if (zelstudy::diffStudies(before, after).equal()) std::exit(2);

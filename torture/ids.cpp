@@ -94,7 +94,7 @@ Result found(const Run& run) {
     if (!again.loadXML(saved)) return {result.count, at + "the saved study cannot be read"};
     fuzz::OpenStudy reopened(again);
     const std::string wrong = lookUp(reopened, ids, false);
-    if (!wrong.empty()) return {result.count, at + "reopened: " + wrong};
+    if (!wrong.empty()) return {result.count, std::string(at).append("reopened: ").append(wrong)};
   }
   return result;
 }

@@ -214,19 +214,27 @@ class Seen {
   std::set<std::string> standing_;
 };
 
+std::string quoted(const std::string& text) { return '"' + text + '"'; }
+
 std::string difference(const Facts& is, const Facts& should) {
   for (const auto& [fact, value] : should) {
     const auto found = is.find(fact);
-    if (found == is.end()) return "no " + fact + ", which is \"" + value + "\"";
-    if (found->second != value) return fact + " is \"" + found->second + "\", not \"" + value + "\"";
+    if (found == is.end()) return std::string("no ").append(fact).append(", which is ").append(quoted(value));
+    if (found->second != value)
+      return std::string(fact)
+          .append(" is ")
+          .append(quoted(found->second))
+          .append(", not ")
+          .append(quoted(value));
   }
   for (const auto& [fact, value] : is)
-    if (should.count(fact) == 0) return "there is " + fact + ": \"" + value + "\"";
+    if (should.count(fact) == 0)
+      return std::string("there is ").append(fact).append(": ").append(quoted(value));
   return {};
 }
 
 IXMLDOMDocument emptyStudy() {
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  IXMLDOMDocument document = IXMLDOMDocument::create();
   document.loadXML(
       "<Data><Objects><MarvekStudy ExternalId=\"S\"><name>Line</name><children/><info/><NodeInfo>"
       "<family>Study</family></NodeInfo></MarvekStudy></Objects></Data>");

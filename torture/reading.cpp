@@ -57,11 +57,10 @@ std::vector<Attack> attacks(std::size_t refusedAttributes) {
     const std::string next = std::to_string(i + 1);
     chain += object(std::to_string(i), "<children><item>" + next + "</item></children>");
   }
-  for (int i = 0; i < 50; ++i) {
-    std::string all;
-    for (int k = 0; k < 50; ++k) all += "<item>" + std::to_string(k) + "</item>";
-    ring += object(std::to_string(i), "<parents>" + all + "</parents><children>" + all + "</children>");
-  }
+  std::string all;
+  for (int i = 0; i < 50; ++i) all += "<item>" + std::to_string(i) + "</item>";
+  const std::string relations = "<parents>" + all + "</parents><children>" + all + "</children>";
+  for (int i = 0; i < 50; ++i) ring += object(std::to_string(i), relations);
   return {
       {"entity bomb", bomb + "]><a>&e29;</a>", true},
       {"external entity", "<!DOCTYPE a [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><a>&x;</a>", true},

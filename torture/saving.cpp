@@ -21,7 +21,7 @@ namespace {
 IXMLDOMDocument documentOf(const char* root, std::size_t elements) {
   std::string text = std::string("<") + root + ">";
   for (std::size_t i = 0; i < elements; ++i) text += "<e>" + std::to_string(i) + "</e>";
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  IXMLDOMDocument document = IXMLDOMDocument::create();
   document.loadXML(text + "</" + root + ">\n");
   return document;
 }

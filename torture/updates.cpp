@@ -21,7 +21,7 @@ namespace torture {
 namespace {
 
 IXMLDOMDocument parsed(const std::string& text) {
-  const IXMLDOMDocument document = IXMLDOMDocument::create();
+  IXMLDOMDocument document = IXMLDOMDocument::create();
   document.loadXML(text);
   return document;
 }
@@ -56,6 +56,7 @@ std::string withAllBelow(const IXMLDOMDocument& study, const std::string& id) {
 int runTool(std::vector<std::string> words, rlim_t mostBytes) {
   words.insert(words.begin(), ZELSTUDY_PROGRAM);
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   const pid_t child = ::fork();

@@ -40,6 +40,10 @@ class ApiErrStream {
  public:
   using Sink = std::function<void(const ApiErrEntry&)>;
 
+  ApiErrStream() = default;
+  ApiErrStream(const ApiErrStream&) = delete;
+  ApiErrStream& operator=(const ApiErrStream&) = delete;
+
   // Severity and text of a code; the severity holds for entries that name none. A second definition of a code
   // is ignored.
   void addErrDefinition(std::string_view code, int severity, std::string_view text);

@@ -11,6 +11,8 @@ class ApiLogLogger {
                                   std::string_view text)>;
 
   static ApiLogLogger* instance();
+  ApiLogLogger(const ApiLogLogger&) = delete;
+  ApiLogLogger& operator=(const ApiLogLogger&) = delete;
 
   // Calls above `level` are dropped. A null sink turns the log off.
   void setSink(Sink sink, int level = trace);
@@ -19,6 +21,7 @@ class ApiLogLogger {
                   std::string_view text);
 
  private:
+  ApiLogLogger() = default;
   int level_ = -1;
   Sink sink_;
 };

@@ -24,6 +24,8 @@ struct ApiPmClassType {
 class ApiPmClassTypeDataMgr {
  public:
   static ApiPmClassTypeDataMgr& the();
+  ApiPmClassTypeDataMgr(const ApiPmClassTypeDataMgr&) = delete;
+  ApiPmClassTypeDataMgr& operator=(const ApiPmClassTypeDataMgr&) = delete;
 
   // The family value of a class, or of its nearest base that has one. False, and `family` untouched, for an
   // unknown class and a class without family.
@@ -45,6 +47,8 @@ class ApiPmClassTypeDataMgr {
 class ApiVorToolsClassTypesWrapper {
  public:
   static ApiVorToolsClassTypesWrapper& the();
+  ApiVorToolsClassTypesWrapper(const ApiVorToolsClassTypesWrapper&) = delete;
+  ApiVorToolsClassTypesWrapper& operator=(const ApiVorToolsClassTypesWrapper&) = delete;
 
   // False for an unknown class.
   bool ClassNameToClassTypeId(std::string_view className, int& typeId) const;
@@ -52,4 +56,7 @@ class ApiVorToolsClassTypesWrapper {
   bool IsDerivedFromClass(int typeId, std::string_view base) const;
   bool IsDerivedFromClass(std::string_view className, std::string_view base) const;
   bool IsDerivedFromClass(int typeId, int baseTypeId) const;
+
+ private:
+  ApiVorToolsClassTypesWrapper() = default;
 };

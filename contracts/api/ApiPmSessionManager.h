@@ -11,6 +11,8 @@
 class ApiPmSessionManager {
  public:
   static ApiPmSessionManager& the();
+  ApiPmSessionManager(const ApiPmSessionManager&) = delete;
+  ApiPmSessionManager& operator=(const ApiPmSessionManager&) = delete;
   virtual ~ApiPmSessionManager();
 
   // The study document with its index. Always there; its document is null while the session has none. The

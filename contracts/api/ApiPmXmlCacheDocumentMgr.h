@@ -8,6 +8,8 @@
 class ApiPmXmlCacheDocumentMgr {
  public:
   static ApiPmXmlCacheDocumentMgr& the();
+  ApiPmXmlCacheDocumentMgr(const ApiPmXmlCacheDocumentMgr&) = delete;
+  ApiPmXmlCacheDocumentMgr& operator=(const ApiPmXmlCacheDocumentMgr&) = delete;
 
   // Registers a document and indexes it, the first time. False for null.
   bool addDocument(const IXMLDOMDocument& document);

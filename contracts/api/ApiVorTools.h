@@ -9,6 +9,8 @@
 class ApiVorToolsIdConverter {
  public:
   static ApiVorToolsIdConverter& the();
+  ApiVorToolsIdConverter(const ApiVorToolsIdConverter&) = delete;
+  ApiVorToolsIdConverter& operator=(const ApiVorToolsIdConverter&) = delete;
 
   // Pairs the two; former pairs of either go. The null id is never paired.
   void insertIdPair(const ApiPmInternalId& number, const ApiPmId& id);
@@ -33,6 +35,8 @@ class ApiVorToolsIdConverter {
 class ApiVorToolsFieldsCache {
  public:
   static ApiVorToolsFieldsCache& the();
+  ApiVorToolsFieldsCache(const ApiVorToolsFieldsCache&) = delete;
+  ApiVorToolsFieldsCache& operator=(const ApiVorToolsFieldsCache&) = delete;
 
   // A document that is in the cache already moves to the front. Null does nothing.
   void append(const IXMLDOMDocument& document);
@@ -43,5 +47,6 @@ class ApiVorToolsFieldsCache {
   bool getField(const ApiPmId& id, std::string_view path, std::string& text) const;
 
  private:
+  ApiVorToolsFieldsCache() = default;
   std::vector<IXMLDOMDocument> documents_;
 };

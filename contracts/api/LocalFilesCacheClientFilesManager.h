@@ -14,6 +14,8 @@
 class LocalFilesCacheClientFilesManager {
  public:
   static LocalFilesCacheClientFilesManager& the();
+  LocalFilesCacheClientFilesManager(const LocalFilesCacheClientFilesManager&) = delete;
+  LocalFilesCacheClientFilesManager& operator=(const LocalFilesCacheClientFilesManager&) = delete;
 
   bool isActive() const { return !directory_.empty(); }
   // Makes the directory if need be; the empty path turns the client off. False, and the client off, when the
@@ -37,6 +39,7 @@ class LocalFilesCacheClientFilesManager {
   void setOwnSourcePath(const std::string& name);
 
  private:
+  LocalFilesCacheClientFilesManager() = default;
   std::string localNameOf(const std::string& name) const;
   bool isUpToDate(const std::string& name, const std::string& local) const;
   bool fetch(const std::string& name, const std::string& local);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <numeric>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -127,7 +129,7 @@ class RWClassicTValHashDictionary {
     for (const Entry* entry : sequence_) {
       if (entry) ++start[entry->hash % bucketCount_ + 1];
     }
-    for (std::size_t i = 1; i <= bucketCount_; ++i) start[i] += start[i - 1];
+    std::partial_sum(start.begin(), start.end(), start.begin());
     std::vector<Entry*> listed(count_);
     for (Entry* entry : sequence_) {
       if (entry) listed[start[entry->hash % bucketCount_]++] = entry;
@@ -211,7 +213,7 @@ class RWClassicTValHashDictionary {
     if (count_ <= growth_.limit * bucketCount_) return;
     sequence_ = listing();
     for (std::size_t i = 0; i < sequence_.size(); ++i) sequence_[i]->place = i;
-    bucketCount_ = growth_.factor * count_;
+    bucketCount_ = std::max<std::size_t>(growth_.factor * count_, 1);
   }
   void copyEntries(const RWClassicTValHashDictionary& other) {
     const RWGrowth growth = std::exchange(growth_, RWGrowth::never());

@@ -67,7 +67,7 @@ class LiteralDictionary {
   void growIfDue() {
     if (count_ <= growth_.limit * buckets_.size()) return;
     const Listed former = listing();
-    buckets_.assign(growth_.factor * count_, {});
+    buckets_.assign(std::max<std::size_t>(growth_.factor * count_, 1), {});
     for (const auto& entry : former) bucketOf(entry.first).push_back(entry);
   }
 
@@ -91,11 +91,9 @@ void compareWithLiteral() {
     RWGrowth growth;
     std::size_t buckets;
   };
-  const Case cases[] = {{RWGrowth::never(), 64},
-                        {RWGrowth::before(3, 2), 64},
-                        {RWGrowth::before(3, 2), 2},
-                        {RWGrowth::after(3, 1), 64},
-                        {RWGrowth::after(1, 3), 1}};
+  const Case cases[] = {{RWGrowth::never(), 64},     {RWGrowth::before(3, 2), 64},
+                        {RWGrowth::before(3, 2), 2}, {RWGrowth::after(3, 1), 64},
+                        {RWGrowth::after(1, 3), 1},  {RWGrowth::before(1, 0), 1}};
   for (const auto& [growth, buckets] : cases) {
     Dictionary dictionary(growth, buckets);
     LiteralDictionary literal(growth, buckets);

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include "StudyText.h"
 #include "tool/ToolRun.h"
 
@@ -34,6 +36,15 @@ TEST_F(ToolRead, MessagesOfTheBuildAreData) {
   EXPECT_EQ(info.exitCode, 0);
   EXPECT_EQ(info.json()["messages"], json::parse(R"([{
     "code": "ZELXML_SHARED_NODE_ADDITIONAL_PARENT_IGNORED", "severity": 3, "texts": ["Türgriff", "Rack"]}])"));
+}
+
+TEST_F(ToolRead, AnEmptyEntryOfAListIsNull) {
+  const std::string study = folder.write(
+      "empty.xml", replaced(smallStudy, "<children><item>B</item>", "<children><item/><item>B</item>"));
+  EXPECT_EQ(run({"show", study, "A", "--json"}).json()["children"], json({nullptr, "B"}));
+  const Outcome text = run({"show", study, "A"});
+  EXPECT_EQ(text.exitCode, 0) << text.err;
+  EXPECT_TRUE(std::regex_search(text.out, std::regex("children +-\n +B\n"))) << text.out;
 }
 
 // A chain of compound parts C0, C1, ...; `last` names the child of the last one.

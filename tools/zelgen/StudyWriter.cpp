@@ -22,9 +22,8 @@ constexpr std::string_view kSteps[] = {"Load", "Clamp", "Weld", "Seal", "Inspect
 
 // Remarks hold what real ones hold: characters that need an escape and letters beyond ASCII.
 constexpr std::string_view kRemarks[] = {"gap < 0.5 mm & flush", "checked, release \"B\"",
-                                         "Spaltma\xC3\x9F pr\xC3\xBC"
-                                         "fen",
-                                         "\xE6\xBA\xB6\xE6\x8E\xA5 12 points", "moved after the trial > 2 h"};
+                                         "Spaltma\u00DF pr\u00FCfen", "\u6EB6\u63A5 12 points",
+                                         "moved after the trial > 2 h"};
 
 std::string numbered(std::string_view word, std::uint64_t number) {
   std::string name(word);

@@ -12,6 +12,7 @@ namespace zelgen {
 /// An id of the document: the text of a GUID without braces.
 struct IdText {
   char text[36];
+  // NOLINTNEXTLINE(google-explicit-constructor): a text, taken wherever a text is, as std::string is
   operator std::string_view() const { return {text, sizeof text}; }
 };
 

@@ -1,5 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 
@@ -46,12 +48,7 @@ int writeFrom(const std::string& study, const Options& options, Generate generat
   return written && file.commit() ? 0 : fail(file.error());
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  // A reader that went away is a failed write like any other, not a silent death.
-  std::signal(SIGPIPE, SIG_IGN);
-
+int run(int argc, char** argv) {
   zelgen::StudyOptions options;
   zelgen::UpdateOptions update;
   zelgen::ExternalOptions external;
@@ -122,4 +119,17 @@ int main(int argc, char** argv) {
     return fail("give --objects N for a study, or --update-of or --external-of STUDY for what goes with one");
   }
   return writeStudy(options, output);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A reader that went away is a failed write like any other, not a silent death.
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "zelgen: failed: %s\n", error.what());
+    return kFailure;
+  }
 }

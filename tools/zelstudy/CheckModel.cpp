@@ -150,7 +150,7 @@ std::string CheckModel::name(std::uint32_t index) const {
 }
 
 void CheckModel::report(Rule rule, std::uint32_t object, std::string_view field, std::string text,
-                        std::vector<std::string_view> others) {
+                        const std::vector<std::string_view>& others) {
   const CheckRule& told = checkRule(rule);
   if (told.strict && !strict_) return;
   Finding finding;

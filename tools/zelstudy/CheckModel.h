@@ -94,7 +94,7 @@ class CheckModel {
   // Reports a finding about an object; the ids of `others` follow its own. Strict rules are dropped unless
   // asked for.
   void report(Rule rule, std::uint32_t object, std::string_view field, std::string text,
-              std::vector<std::string_view> others = {});
+              const std::vector<std::string_view>& others = {});
   // The findings in document order of their objects.
   std::vector<Finding> takeFindings();
 

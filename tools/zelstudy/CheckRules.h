@@ -59,9 +59,9 @@ enum class Rule : std::uint8_t {
 // One rule that holds between any two edits.
 struct CheckRule {
   Rule rule;
-  std::string_view code;
   Severity severity;
   bool strict;  // checked on demand only
+  std::string_view code;
   std::string_view says;
   std::string_view why;
   std::string_view example;  // what a finding looks like

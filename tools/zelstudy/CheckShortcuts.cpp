@@ -23,7 +23,7 @@ void checkListedShortcut(CheckModel& model, std::uint32_t study, std::uint32_t i
                model.name(index) + (others.empty() ? " links to nothing"
                                                    : " links to \"" + std::string(others[0]) +
                                                          "\", and no object has that id"),
-               std::move(others));
+               others);
 }
 
 // Marks what the study lists. `targets` says which study links to an object already, and by which shortcut.

@@ -129,7 +129,7 @@ void checkCycles(CheckModel& model) {
         model.report(layouts ? Rule::layoutCycle : Rule::cycle, child.index(), "children",
                      model.name(child.index()) + " stands under itself, by way of " +
                          (length == 1 ? "its own children" : model.name(index)),
-                     std::move(others));
+                     others);
       }
     }
   }

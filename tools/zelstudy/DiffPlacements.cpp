@@ -31,8 +31,10 @@ bool LayoutFields::covers(std::string_view path) const {
 // One version of a layout.
 struct DiffPlacements::Stand {
   Stand(const DiffModel& model, DiffModel::Side side, const IXMLDOMElement& element)
-      : layout(element), relative(readRelative(element)), absolute(readAbsolute(element)) {
-    parent = childText(element, "parent");
+      : layout(element),
+        relative(readRelative(element)),
+        absolute(readAbsolute(element)),
+        parent(childText(element, "parent")) {
     if (!zelXmlIsReference(parent)) parent.clear();
     parentAbsolute = readAbsolute(model.find(side, parent));
   }

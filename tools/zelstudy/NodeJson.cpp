@@ -10,7 +10,7 @@ Json idJson(const ApiPmId& id) { return id.isNull() ? Json() : Json(id.asString(
 
 Json idsJson(const ApiPmIdList& ids) {
   Json list = Json::array();
-  for (const ApiPmId& id : ids) list.push_back(id.asString());
+  for (const ApiPmId& id : ids) list.push_back(idJson(id));
   return list;
 }
 

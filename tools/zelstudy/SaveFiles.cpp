@@ -38,13 +38,16 @@ IXMLDOMDocument withElement(const IXMLDOMDocument& changes) {
   return changes;
 }
 
+// What a link leads to; the name itself if it is none.
+fs::path followed(const fs::path& name) {
+  std::error_code ignored;
+  return fs::is_symlink(name, ignored) ? fs::weakly_canonical(name, ignored) : name;
+}
+
 // A file that is written beside its place and takes the place later, or goes.
 class StagedFile {
  public:
-  explicit StagedFile(const std::string& name) {
-    std::error_code ignored;
-    target_ = fs::is_symlink(name, ignored) ? fs::weakly_canonical(name, ignored) : fs::path(name);
-  }
+  explicit StagedFile(const std::string& name) : target_(followed(name)) {}
   ~StagedFile() {
     std::error_code ignored;
     if (!staged_.empty()) fs::remove(staged_, ignored);

@@ -66,7 +66,7 @@ void printText(const Json& json) {
       for (const Json& number : value) text += (text.empty() ? "" : ", ") + interfaceText(number);
       lines = {text};
     } else if (value.is_array()) {
-      for (const Json& id : value) lines.push_back(printable(id.get<std::string>()));
+      for (const Json& id : value) lines.push_back(id.is_null() ? "-" : printable(id.get<std::string>()));
       if (lines.empty()) lines = {"none"};
     } else if (value.is_object()) {
       std::string text;
