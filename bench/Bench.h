@@ -57,6 +57,11 @@ class Watch {
 // cache and a large one out of memory.
 void cool();
 
+// Lets the system have as much free memory at hand as work on a study of so many objects takes. A virtual
+// machine fetches pages that nobody has used for a while from its host, at the first touch: that is no part
+// of the work.
+void provideMemory(long objects);
+
 inline void spend(benchmark::State& state, double seconds) { state.SetIterationTime(seconds); }
 inline void count(benchmark::State& state, std::size_t things) {
   state.counters["things"] = static_cast<double>(things);

@@ -1,5 +1,6 @@
 #include "Studies.h"
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -47,6 +48,15 @@ void cool() {
   static std::vector<char> other(std::size_t{256} << 20);
   for (std::size_t i = 0; i < other.size(); i += 64) ++other[i];
   benchmark::DoNotOptimize(other.data());
+}
+
+void provideMemory(long objects) {
+  const auto bytes = static_cast<std::size_t>(objects) * 4096;
+  void* const pages = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (pages == MAP_FAILED) return;
+  ::madvise(pages, bytes, MADV_HUGEPAGE);
+  for (std::size_t i = 0; i < bytes; i += 4096) static_cast<volatile char*>(pages)[i] = 1;
+  ::munmap(pages, bytes);
 }
 
 const std::string& studyFile(long objects) {

@@ -152,6 +152,7 @@ void fill(benchmark::State& state, long objects) {
     study.publish();
     auto* compound =
         zelQuery<ZelCollection>(study.wrapper().createRoot(ZEL_COMPOUND_PART, ApiPmId("compound")));
+    provideMemory(objects);
     const Watch watch;
     for (long i = 0; i < objects; ++i) {
       compound->createChild(ZEL_PART_INSTANCE, ApiPmId("child " + std::to_string(i)));

@@ -96,6 +96,7 @@ template <void (*Open)(const std::string&)>
 void openIt(benchmark::State& state, long objects) {
   const std::string& file = studyFile(objects);
   for ([[maybe_unused]] auto _ : state) {
+    provideMemory(objects);
     const Outcome outcome = runApart(Open, file);
     spend(state, outcome.seconds);
     state.counters["bytes"] = outcome.peakBytes;

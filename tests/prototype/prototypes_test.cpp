@@ -187,6 +187,8 @@ TEST_F(PrototypesTest, FilesOfPrototypesComeThroughTheCache) {
   // A build fetches all of a study first, and says so when it cannot.
   EXPECT_FALSE(wrapper->build(true));
   ASSERT_TRUE(wrapper->build(false) && wrapper->setPrototypePath(ApiPmId("lost"), directory + "/in"));
+  std::string origin;
+  EXPECT_TRUE(files.getSourcePath(directory + "/in", origin)) << "a file that was no copy is its own origin";
   EXPECT_TRUE(files.activate(directory + "/fresh") && wrapper->build(true));
 }
 

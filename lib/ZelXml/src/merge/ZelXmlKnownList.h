@@ -1,16 +1,20 @@
 #pragma once
 
+#include <type_traits>
 #include <unordered_set>
 #include <utility>
 
+#include "api/ApiPmIdSet.h"
 #include "rw/RWClassicTValOrderedVector.h"
 
 // A list that callers read in its order, with a set beside it that answers membership in constant time.
 template <class T>
 class ZelXmlKnownList {
  public:
+  using Members = std::conditional_t<std::is_same_v<T, ApiPmId>, ApiPmIdSet, std::unordered_set<T>>;
+
   const RWClassicTValOrderedVector<T>& list() const { return list_; }
-  const std::unordered_set<T>& members() const { return members_; }
+  const Members& members() const { return members_; }
   bool contains(const T& value) const { return members_.count(value) != 0; }
 
   // Appends a value, also a repeated one.
@@ -20,12 +24,13 @@ class ZelXmlKnownList {
   }
   // False, and nothing done, for a value that is there.
   bool appendNew(const T& value) {
-    if (!members_.insert(value).second) return false;
+    if (contains(value)) return false;
+    members_.insert(value);
     list_.append(value);
     return true;
   }
 
  private:
   RWClassicTValOrderedVector<T> list_{64};
-  std::unordered_set<T> members_;
+  Members members_;
 };

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <string_view>
-#include <unordered_set>
 
+#include "api/ApiPmIdSet.h"
 #include "api/ApiPmXmlCachedDocument.h"
 #include "dom/IXMLDOMDocument.h"
 #include "rw/RWClassicTValHashSet.h"
@@ -231,8 +231,8 @@ class ZelXmlWrapper : public ZelVorWrapper {
   bool addNewChildToExistingParentIncremental(const IXMLDOMNode& element);
   // Removes those of the missing children that were not seen elsewhere, in order, up to the first that is not
   // in the study: false then. `deleted` gets the ids of the nodes that went.
-  bool removeMissingNodes(const RWClassicTValOrderedVector<_bstr_t>& missing,
-                          const std::unordered_set<ApiPmId>& seen, ApiPmIdList& deleted);
+  bool removeMissingNodes(const RWClassicTValOrderedVector<_bstr_t>& missing, const ApiPmIdSet& seen,
+                          ApiPmIdList& deleted);
   bool transferReference(std::string_view field, const IXMLDOMNode& from, const IXMLDOMNode& to);
 
   void clear();

@@ -1,3 +1,4 @@
+#include <functional>
 #include <string>
 #include <unordered_set>
 
@@ -20,6 +21,18 @@ namespace {
 // The object element of a NodeInfo/family element.
 IXMLDOMNode objectOf(const IXMLDOMNode& familyElement) { return familyElement.parentNode().parentNode(); }
 
+// Calls `visit` for the family of each object in document order. A study that is its own update grows
+// meanwhile: then for those that were there before.
+bool visitFamilies(const IXMLDOMDocument& update, const IXMLDOMDocument& study,
+                   const std::function<void(const IXMLDOMNode&)>& visit) {
+  constexpr std::string_view path = "Data/Objects/*/NodeInfo/family";
+  if (!(update == study)) return update.visitNodes(path, visit);
+  IXMLDOMNodeList families;
+  if (!zelXmlSelectChildren(update, path, families)) return false;
+  for (const IXMLDOMNode& family : families) visit(family);
+  return true;
+}
+
 }  // namespace
 
 bool ZelXmlWrapper::update(bool download) {
@@ -34,12 +47,11 @@ bool ZelXmlWrapper::update(ApiPmIdList& deleted, bool download) {
 
 bool ZelXmlWrapper::update(ApiPmIdList& deleted, ApiPmIdList& updated, bool download) {
   bool result = preBuild(updateDocument_, download);
-  IXMLDOMNodeList families;
-  if (!result || !zelXmlSelectChildren(updateDocument_, "Data/Objects/*/NodeInfo/family", families)) {
+  UpdateRun run;
+  if (!result || !visitFamilies(updateDocument_, DOMDocument(),
+                                [&](const IXMLDOMNode& family) { updateXmlNode(family, run); })) {
     return result;
   }
-  UpdateRun run;
-  for (const IXMLDOMNode& family : families) updateXmlNode(family, run);
   result = removeMissingNodes(run.missing, run.seen.members(), deleted);
   refreshRoots();
   for (const ApiPmId& id : run.seen.list()) updated.append(id);
@@ -128,10 +140,10 @@ bool ZelXmlWrapper::addNewChildToExistingParent(const IXMLDOMNode& element) {
 }
 
 bool ZelXmlWrapper::removeMissingNodes(const RWClassicTValOrderedVector<_bstr_t>& missing,
-                                       const std::unordered_set<ApiPmId>& seen, ApiPmIdList& deleted) {
+                                       const ApiPmIdSet& seen, ApiPmIdList& deleted) {
   for (const _bstr_t& text : missing) {
     const ApiPmId id(text);
-    if (seen.count(id)) continue;  // it moved
+    if (seen.contains(id)) continue;  // it moved
     IXMLDOMElement element;
     if (!cachedDOMDocument().getNodeById(DOMDocument(), id, element, true) ||
         !zelXmlRemoveCachedElement(cachedDOMDocument(), element)) {
@@ -152,15 +164,12 @@ bool ZelXmlWrapper::incrementalUpdate(bool download) {
 bool ZelXmlWrapper::incrementalUpdate(ApiPmIdList& updated, bool download) {
   const bool prepared = preBuild(updateDocument_, download);
   collectToolInstanceMasterObjects(updateDocument_);
-  IXMLDOMNodeList families;
-  if (!prepared || !zelXmlSelectChildren(updateDocument_, "Data/Objects/*/NodeInfo/family", families)) {
-    return prepared;
-  }
-  for (const IXMLDOMNode& family : families) {
+  const auto updateNode = [&](const IXMLDOMNode& family) {
     ApiPmId id;
     updateXmlNodeIncremental(family, id);
     if (!id.isNull()) updated.append(id);
-  }
+  };
+  if (!prepared || !visitFamilies(updateDocument_, DOMDocument(), updateNode)) return prepared;
   refreshRoots();
   return prepared;
 }
