@@ -10,7 +10,8 @@
 //
 // Not locked: what is in it belongs to one thread at a time, as documents and ids do.
 struct RTPool {
-  static void* allocate(std::size_t bytes);  // throws std::bad_alloc
+  // At a multiple of 8; of 16, as malloc's, for a size that 16 divides. Throws std::bad_alloc.
+  static void* allocate(std::size_t bytes);
   // `bytes` as it was asked for.
   static void free(void* memory, std::size_t bytes) noexcept;
   // Bytes of address space held for slabs; 0 under AddressSanitizer.

@@ -55,7 +55,7 @@ struct List {
 };
 
 // A piece of address space aligned to its size and cut into slabs. It is listed while it has a free slab.
-struct Chunk {
+struct alignas(16) Chunk {
   Chunk* prev;
   Chunk* next;
   std::uint32_t freeSlabs;  // one bit per slab
@@ -63,7 +63,7 @@ struct Chunk {
 
 // Stands at the start of each slab; in the first slab of a chunk behind the chunk's own head. It is listed
 // under its size while it has room.
-struct Slab {
+struct alignas(16) Slab {
   Slab* prev;
   Slab* next;
   void* freed;

@@ -33,7 +33,7 @@ TEST(RTPool, BlocksDoNotOverlapAndMemoryGoesBack) {
       const bool large = random() % 5000 == 0;
       const std::size_t size = 1 + random() % (large ? std::size_t{5} << 20 : round == 1 ? 64 : 300);
       const Block b{static_cast<unsigned char*>(RTPool::allocate(size)), size, static_cast<unsigned char>(i)};
-      ASSERT_EQ(reinterpret_cast<std::uintptr_t>(b.bytes) % 8, 0u);
+      ASSERT_EQ(reinterpret_cast<std::uintptr_t>(b.bytes) % (size % 16 == 0 ? 16 : 8), 0u);
       std::memset(b.bytes, b.mark, size);
       blocks.push_back(b);
       if (random() % 3 == 0) {
