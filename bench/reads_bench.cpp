@@ -33,7 +33,7 @@ template <class Things, class Read>
 void readFirst(benchmark::State& state, const Things& things, Read read) {
   constexpr std::size_t atOnce = 50;
   const std::size_t all = std::min<std::size_t>(things.size(), 400);
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     double seconds = 0;
     for (std::size_t i = 0; i < all;) {
       cool();

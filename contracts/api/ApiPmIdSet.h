@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <utility>
 
 #include "api/ApiPmId.h"
@@ -9,12 +8,11 @@
 // Ids without an order: the place of each is its number. Made for sets of many ids; for a few a list does.
 class ApiPmIdSet {
  public:
-  std::size_t count(const ApiPmId& id) const {
-    if (id.isNull()) return hasNull_ ? 1 : 0;
+  bool contains(const ApiPmId& id) const {
+    if (id.isNull()) return hasNull_;
     const ApiPmId* place = places_.find(id.number());
-    return place && !place->isNull() ? 1 : 0;
+    return place && !place->isNull();
   }
-  bool contains(const ApiPmId& id) const { return count(id) != 0; }
   // False for one that is there.
   bool insert(const ApiPmId& id) {
     if (id.isNull()) return !std::exchange(hasNull_, true);

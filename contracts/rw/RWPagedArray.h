@@ -25,7 +25,6 @@ class RWPagedArray {
     return pages_[page]->places[number % pageSize];
   }
   void clear() noexcept { pages_.clear(); }
-  void swap(RWPagedArray& other) noexcept { pages_.swap(other.pages_); }
 
  private:
   // What fits a block of the pool.

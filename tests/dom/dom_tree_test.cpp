@@ -139,4 +139,16 @@ TEST_F(DomTree, EqualIsWhatIsWrittenAlike) {
   EXPECT_TRUE(document.isEqualNode(parsed(document.xml())));
 }
 
+TEST_F(DomTree, AnElementTakesSoManyAttributes) {
+  std::string tag = "<a";
+  for (int i = 0; i < IXMLDOMNode::maxAttributes; ++i) tag += " n" + std::to_string(i) + "=''";
+  const IXMLDOMDocument document = parsed(tag + "/>");
+  const IXMLDOMElement a = document.documentElement();
+  const IXMLDOMNode more = document.createNode(NODE_ATTRIBUTE, "more");
+  EXPECT_FALSE(a.setAttribute("more", "x") || a.setAttributeNode(more));
+  EXPECT_TRUE(a.setAttribute("n7", "x") && a.setAttributeNode(document.createNode(NODE_ATTRIBUTE, "n8")));
+  EXPECT_TRUE(a.removeAttribute("n9") && a.setAttributeNode(more));
+  EXPECT_EQ(a.attributes().length(), IXMLDOMNode::maxAttributes);
+}
+
 }  // namespace

@@ -15,7 +15,7 @@ class ZelXmlKnownList {
 
   const RWClassicTValOrderedVector<T>& list() const { return list_; }
   const Members& members() const { return members_; }
-  bool contains(const T& value) const { return members_.count(value) != 0; }
+  bool contains(const T& value) const { return members_.contains(value); }
 
   // Appends a value, also a repeated one.
   void append(T value) {

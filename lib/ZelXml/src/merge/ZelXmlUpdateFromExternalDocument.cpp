@@ -223,7 +223,7 @@ void ZelXmlUpdateFromExternalDocument::forgetDeletedNode() {
   currentZelXmlNode_ = nullptr;
 }
 
-void ZelXmlUpdateFromExternalDocument::getVectorAsSet(const List<ApiPmId>& ids, IdSet& set) {
+void ZelXmlUpdateFromExternalDocument::getVectorAsSet(const List<ApiPmId>& ids, ApiPmIdSet& set) {
   for (const ApiPmId& id : ids) set.insert(id);
 }
 
@@ -248,7 +248,7 @@ bool ZelXmlUpdateFromExternalDocument::isOrphanNodeAnImportedRoot(const ZelNode*
 bool ZelXmlUpdateFromExternalDocument::filterImportedRoots() {
   handledRoots_.clear();
   handledRoots_.reserve(handled_.list().entries());
-  IdSet handled;
+  ApiPmIdSet handled;
   getVectorAsSet(handled_.list(), handled);
   for (const ApiPmId& id : handled_.list()) {
     ZelNode* node = wrapper_->getZelNodeFromId(id);

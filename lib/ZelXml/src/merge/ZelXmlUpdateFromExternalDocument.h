@@ -32,7 +32,6 @@ class ZelXmlWrapper;
 class ZelXmlUpdateFromExternalDocument {
  public:
   using ImportType = ApiPmAddToStudyFromFileData::ImportType;
-  using IdSet = RWClassicTValHashSet<ApiPmId, std::hash<ApiPmId>, RWByNumber>;
   using IdMap = RWClassicTValHashDictionary<ApiPmId, ApiPmId>;
   template <class T>
   using List = RWClassicTValOrderedVector<T>;
@@ -122,7 +121,7 @@ class ZelXmlUpdateFromExternalDocument {
                                        RWClassicWString& text);
 
   // Puts the ids of a list into a set.
-  static void getVectorAsSet(const List<ApiPmId>& ids, IdSet& set);
+  static void getVectorAsSet(const List<ApiPmId>& ids, ApiPmIdSet& set);
   // Id of the parent that counts; false for a node without one.
   static bool getNodeParent(const ZelNode* node, ApiPmId& id);
   // Whether a node without parent can be a root of an import: a prototype cannot.

@@ -188,7 +188,8 @@ class ZelXmlWrapper : public ZelVorWrapper {
   // Stores `parent` for `child`, whatever the two are.
   void setRelevantParent(const ApiPmId& child, const ApiPmId& parent);
 
-  // Node creation for an object element of the study document; `familyElement` is its NodeInfo/family. All
+  // Node creation for an object element of the study document; `familyElement` is its NodeInfo/family,
+  // `id` its id, null without one. All
   // answer the new node, or null for an object that gets none: shortcuts, families that have no nodes, and
   // elements without id, whose node is made but not registered.
   ZelNode* createNodeByFamilyXmlNode(const IXMLDOMNode& familyElement);
