@@ -7,11 +7,11 @@
 
 #include "api/ApiPmAddToStudyFromFileData.h"
 #include "api/ApiPmId.h"
+#include "api/ApiPmIdSet.h"
 #include "dom/IXMLDOMDocument.h"
 #include "merge/ZelXmlImportCondition.h"
 #include "merge/ZelXmlKnownList.h"
 #include "rw/RWClassicTValHashDictionary.h"
-#include "rw/RWClassicTValHashSet.h"
 #include "zel/ZelNode.h"
 #include "zel/ZelWrapper.h"
 
