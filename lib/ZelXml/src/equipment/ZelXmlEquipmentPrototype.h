@@ -14,8 +14,7 @@ class ZelXmlEquipmentPrototype final
   ZelNode* createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) override;
   // A new occurrence, at the origin, of a prototype of a tool (class PmToolInstance) or of an equipment
   // (PmEquipmentPrototypeOccurrence), entered here and published. Null, with nothing made, for any other id;
-  // null too when a field cannot be written, and then the occurrence stays. Stands beside the wrapper's
-  // operations on prototypes, since only the wrapper knows the nodes.
+  // null too when a field cannot be written, and then the occurrence stays.
   ZelNode* createOccurrence(const ApiPmId& prototype);
 
   ZelXmlCollectionService& collectionService() { return service_; }

@@ -10,8 +10,8 @@
 #include "api/ApiPmIdSet.h"
 #include "dom/IXMLDOMDocument.h"
 #include "merge/ZelXmlImportCondition.h"
-#include "merge/ZelXmlKnownList.h"
 #include "rw/RWClassicTValHashDictionary.h"
+#include "wrapper/ZelXmlKnownList.h"
 #include "zel/ZelNode.h"
 #include "zel/ZelWrapper.h"
 

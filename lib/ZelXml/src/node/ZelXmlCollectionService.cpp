@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "document/ZelXmlFunctions.h"
-#include "wrapper/ZelXmlNodeFactory.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeHost.h"
 
-bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, const ApiPmId& given) {
+bool zelXmlDetachFromParent(ZelXmlNodeHost& wrapper, const IXMLDOMNode& child, const ApiPmId& given) {
   const ApiPmId parent = given;
   ApiPmId id;
   IXMLDOMNode parentElement;
@@ -19,7 +19,7 @@ bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, co
          zelXmlRemoveParentItem(child, wrapper.OUTDocument(), parent);
 }
 
-bool zelXmlDetachFromRelevantParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child) {
+bool zelXmlDetachFromRelevantParent(ZelXmlNodeHost& wrapper, const IXMLDOMNode& child) {
   ApiPmId id;
   ApiPmId parent;
   if (!zelXmlGetExternalId(child, id)) return false;
@@ -64,7 +64,7 @@ bool leadsTo(const ApiPmId& from, const ApiPmId& to, Next next) {
 // Whether `id` is this collection or stands above it: by any parent that the objects on the way up name, or
 // by any child that those on the way down name, since the lists of a document need not agree.
 bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
-  const ZelXmlWrapper& wrapper = *owner().getWrapper();
+  ZelXmlNodeHost& wrapper = *owner().getWrapper();
   const IXMLDOMDocument document = wrapper.DOMDocument();
   ApiPmId own;
   if (!owner().getExternalId(own)) return false;
@@ -83,14 +83,14 @@ bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
 
 bool ZelXmlCollectionService::removeChild(const ApiPmId& child) {
   const ApiPmId id = child;
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = wrapper ? wrapper->zelXmlNodeFromId(id) : nullptr;
   return node && zelXmlRemoveChildAndPublish(wrapper->OUTDocument(), getXmlNode(), id) && node->deleteNode();
 }
 
 bool ZelXmlCollectionService::removeChildLocally(const ApiPmId& child) {
   const ApiPmId id = child;
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = wrapper ? wrapper->zelXmlNodeFromId(id) : nullptr;
   if (!node) return false;
   const IXMLDOMDocument document = wrapper->DOMDocument();
@@ -106,7 +106,7 @@ bool ZelXmlCollectionService::removeChildLocally(const ApiPmId& child) {
 }
 
 bool ZelXmlCollectionService::addExistingChild(ZelNode* child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
@@ -116,7 +116,7 @@ bool ZelXmlCollectionService::addExistingChild(ZelNode* child) {
 }
 
 bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ApiPmId id;
   ApiPmId parent;
   if (!wrapper || !zelXmlGetExternalId(child, id)) return false;
@@ -129,7 +129,7 @@ bool ZelXmlCollectionService::addChildElement(const IXMLDOMNode& child) {
 }
 
 bool ZelXmlCollectionService::addOccurrence(ZelNode* occurrence) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   const ZelXmlNode* node = zelXmlNodeOf(occurrence);
   ApiPmId own;
   ApiPmId id;
@@ -150,7 +150,7 @@ bool ZelXmlCollectionService::addOccurrence(ZelNode* occurrence) {
 }
 
 void ZelXmlCollectionService::takeFromRoots(const ApiPmId& id) {
-  ZelXmlWrapper& wrapper = *owner().getWrapper();
+  ZelXmlNodeHost& wrapper = *owner().getWrapper();
   if (ZelXmlNode* node = wrapper.zelXmlNodeFromId(id)) wrapper.roots().remove(node->pmNode());
 }
 
@@ -212,7 +212,7 @@ bool ZelXmlCollectionService::takeLayout(const IXMLDOMNode& child, const IXMLDOM
 }
 
 bool ZelXmlCollectionService::addLayoutChild(const IXMLDOMNode& child) {
-  const ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   return wrapper && takeLayout(child, wrapper->OUTDocument());
 }
 
@@ -221,7 +221,7 @@ bool ZelXmlCollectionService::addLayoutChildLocally(const IXMLDOMNode& child) {
 }
 
 bool ZelXmlCollectionService::addChild(ZelNode* child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   IXMLDOMNode own;
@@ -233,7 +233,7 @@ bool ZelXmlCollectionService::addChild(ZelNode* child) {
 }
 
 bool ZelXmlCollectionService::createChild(const ZelXmlCreationRecord& record, ZelNode*& child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   std::unique_ptr<ZelXmlNode> node(ZelXmlNodeFactory::the().create(record.type));
   if (!wrapper || !node) return false;
   node->setWrapper(wrapper);
@@ -247,14 +247,14 @@ bool ZelXmlCollectionService::createChild(const ZelXmlCreationRecord& record, Ze
 }
 
 bool ZelXmlCollectionService::getChildNodes(ZelNodeList& children) const {
-  const ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ApiPmId own;
   ApiPmIdList ids;
   if (!wrapper || !owner().getExternalId(own) || !getChildIds(ids)) return false;
   for (const ApiPmId& id : ids) {
     ApiPmId parent;
     if (!wrapper->relevantParentFinder().findRelevantParent(id, parent) || !(parent == own)) continue;
-    if (ZelNode* node = const_cast<ZelXmlWrapper*>(wrapper)->getZelNodeFromId(id)) children.append(node);
+    if (ZelNode* node = wrapper->getZelNodeFromId(id)) children.append(node);
   }
   return true;
 }
@@ -272,7 +272,7 @@ ZelNode* ZelXmlCollectionService::createPlacedChild(ZelNodeType type, const RWCl
 }
 
 bool ZelXmlCollectionService::moveChild(ZelNode* child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;
@@ -288,7 +288,7 @@ bool ZelXmlCollectionService::moveChild(ZelNode* child) {
 }
 
 bool ZelXmlCollectionService::moveChildLocally(ZelNode* child) {
-  ZelXmlWrapper* wrapper = owner().getWrapper();
+  ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;

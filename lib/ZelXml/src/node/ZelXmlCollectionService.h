@@ -50,10 +50,10 @@ class ZelXmlCollectionService : public ZelXmlService {
 
 // Takes an object off its parent's list, the parent off the object's, and drops the parent that counts;
 // publishes both.
-bool zelXmlDetachFromParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child, const ApiPmId& parent);
+bool zelXmlDetachFromParent(ZelXmlNodeHost& wrapper, const IXMLDOMNode& child, const ApiPmId& parent);
 // Detaches an object from its parent that counts without publication: the parent's list, the child's list,
 // the finder. True for an object without one; false when the parent cannot be found.
-bool zelXmlDetachFromRelevantParent(ZelXmlWrapper& wrapper, const IXMLDOMNode& child);
+bool zelXmlDetachFromRelevantParent(ZelXmlNodeHost& wrapper, const IXMLDOMNode& child);
 // Takes a layout off the `children` of its parent layout, published where `out` is not null. True when it
 // stands below none, which a `parent` that is absent, "NULL", empty or unknown says.
 bool zelXmlDetachLayout(const IXMLDOMDocument& document, const IXMLDOMDocument& out,

@@ -2,7 +2,7 @@
 
 #include "api/ApiSysFileName.h"
 #include "document/ZelXmlFunctions.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 bool zelXmlGetCompoundPath(const ZelXmlNode& node, ApiFullPathDocument& path) {
   IXMLDOMNode rep;

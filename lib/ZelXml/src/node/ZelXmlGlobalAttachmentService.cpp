@@ -1,7 +1,7 @@
 #include "node/ZelXmlGlobalAttachmentService.h"
 
 #include "document/ZelXmlFunctions.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 bool ZelXmlGlobalAttachmentService::ownLayout(IXMLDOMNode& layout) const {
   return owner_->getWrapper() &&
@@ -56,7 +56,7 @@ bool ZelXmlGlobalAttachmentService::setGlobalAttachment(const ApiPmExtendedId& o
                                                         const RWClassicWString& type) {
   IXMLDOMNode layout;
   if (!ownLayout(layout)) return false;
-  ZelXmlWrapper& wrapper = *owner_->getWrapper();
+  ZelXmlNodeHost& wrapper = *owner_->getWrapper();
   if (wrapper.getZelNodeFromId(oldTarget.id) && !detach(oldTarget.id, layout)) return false;
   return wrapper.getZelNodeFromId(newTarget.id) ? attach(newTarget, layout, placement, type) : clear(layout);
 }

@@ -5,7 +5,7 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlLocationText.h"
 #include "node/ZelXmlNewElements.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 bool ZelXmlLabelNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
   return getWrapper() && zelXmlCreateLabelElement(*getWrapper(), record, element);
@@ -24,7 +24,7 @@ bool ZelXmlLabelNode::removeLabelElement() {
   ApiPmId own;
   IXMLDOMNode section;
   if (!getWrapper() || !getExternalId(own) || !zelXmlGetObjectsSection(document(), section) ||
-      !getWrapper()->convertor().findNode(own) || !zelXmlRemoveChild(section, getXmlNode())) {
+      !getWrapper()->findNode(own) || !zelXmlRemoveChild(section, getXmlNode())) {
     return false;
   }
   getWrapper()->cachedDOMDocument().removeEntry(document(), own);
@@ -54,7 +54,7 @@ bool ZelXmlLabel::getAbsoluteLocation(RTTran3D& location) const {
     if (!seen.insert(label).second || !label->getLocation(own) || !label->getAssignedObjId(assigned))
       return false;
     below = own.inverse() * below;
-    const ZelNode* object = getWrapper()->convertor().findNode(assigned);
+    const ZelNode* object = getWrapper()->findNode(assigned);
     label = dynamic_cast<const ZelXmlLabel*>(zelXmlNodeOf(object));
     if (label) continue;
     const auto* placed = zelQuery<ZelPhysical>(object);

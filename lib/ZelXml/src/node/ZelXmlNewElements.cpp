@@ -2,7 +2,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlLocationText.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ bool addEmpty(const IXMLDOMNode& element, std::string_view name) {
   return zelXmlAddChild(element, name, child);
 }
 
-bool addInstanceFields(ZelXmlWrapper& wrapper, const IXMLDOMNode& element, const RWClassicWString& family) {
+bool addInstanceFields(ZelXmlNodeHost& wrapper, const IXMLDOMNode& element, const RWClassicWString& family) {
   const IXMLDOMDocument document = wrapper.DOMDocument();
   return zelXmlCreateLayout(document, wrapper.OUTDocument(), element, RTTran3D::unit) &&
          addEmpty(element, "prototype") && zelXmlSetFamily(document, element, family);
@@ -30,7 +30,7 @@ bool addInstanceFields(ZelXmlWrapper& wrapper, const IXMLDOMNode& element, const
 
 }  // namespace
 
-bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateCompoundElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                  IXMLDOMNode& element) {
   const IXMLDOMDocument document = wrapper.DOMDocument();
   RWClassicWString family;
@@ -40,14 +40,14 @@ bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRec
          zelXmlSetFamily(document, element, family) && zelXmlPublishClone(wrapper.OUTDocument(), element);
 }
 
-bool zelXmlCreateInstanceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateInstanceElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                  IXMLDOMNode& element) {
   RWClassicWString family;
   return addObject(wrapper.DOMDocument(), record, element, family) && addEmpty(element, "parents") &&
          addInstanceFields(wrapper, element, family) && zelXmlPublishClone(wrapper.OUTDocument(), element);
 }
 
-bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreatePlainElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                               IXMLDOMNode& element) {
   const IXMLDOMDocument document = wrapper.DOMDocument();
   RWClassicWString family;
@@ -55,7 +55,7 @@ bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord
          zelXmlPublishClone(wrapper.OUTDocument(), element);
 }
 
-bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateLabelElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                               IXMLDOMNode& element) {
   const IXMLDOMDocument document = wrapper.DOMDocument();
   RWClassicWString family;
@@ -65,7 +65,7 @@ bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord
          zelXmlSetFamily(document, element, family) && zelXmlPublishUpdate(wrapper.OUTDocument(), element);
 }
 
-bool zelXmlCreateOccurrenceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateOccurrenceElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                    IXMLDOMNode& element) {
   const IXMLDOMDocument document = wrapper.DOMDocument();
   RWClassicWString family;
@@ -74,7 +74,7 @@ bool zelXmlCreateOccurrenceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationR
          zelXmlSetFamily(document, element, family) && addEmpty(element, "prototype");
 }
 
-bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlAddInstanceFields(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                              const IXMLDOMNode& element) {
   RWClassicWString family;
   return element && zelXmlFamilyFromType(record, family) && addInstanceFields(wrapper, element, family);

@@ -8,20 +8,20 @@
 // unless they say otherwise.
 
 // name, parents, children, layout, NodeInfo/family.
-bool zelXmlCreateCompoundElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateCompoundElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                  IXMLDOMNode& element);
 // name, parents, layout, prototype, NodeInfo/family.
-bool zelXmlCreateInstanceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateInstanceElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                  IXMLDOMNode& element);
 // name, NodeInfo/family.
-bool zelXmlCreatePlainElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreatePlainElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                               IXMLDOMNode& element);
 // name, node, comment, displayInfo, noteLocation, NodeInfo/family.
-bool zelXmlCreateLabelElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateLabelElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                               IXMLDOMNode& element);
 // name, layout, NodeInfo/family, prototype, for an occurrence in an equipment; publishes nothing.
-bool zelXmlCreateOccurrenceElement(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlCreateOccurrenceElement(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                                    IXMLDOMNode& element);
 // layout, prototype, NodeInfo/family, on an element that the caller has; publishes the layout only.
-bool zelXmlAddInstanceFields(ZelXmlWrapper& wrapper, const ZelXmlCreationRecord& record,
+bool zelXmlAddInstanceFields(ZelXmlNodeHost& wrapper, const ZelXmlCreationRecord& record,
                              const IXMLDOMNode& element);

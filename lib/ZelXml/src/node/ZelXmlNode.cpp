@@ -4,7 +4,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNodeAccess.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 // The tie to element and wrapper, plain fields, and the parent that counts.
 

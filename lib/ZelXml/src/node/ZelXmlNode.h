@@ -7,7 +7,7 @@
 #include "zel/ZelNode.h"
 #include "zel/ZelVorLabel.h"
 
-class ZelXmlWrapper;
+class ZelXmlNodeHost;
 
 // What a new object is made from. An empty class name takes that of the type.
 struct ZelXmlCreationRecord {
@@ -59,8 +59,8 @@ class ZelXmlNode : public RTPooled {
 
   const IXMLDOMNode& getXmlNode() const { return element_; }
   bool setXmlNode(const IXMLDOMNode& element);
-  ZelXmlWrapper* getWrapper() const { return wrapper_; }
-  void setWrapper(ZelXmlWrapper* wrapper) { wrapper_ = wrapper; }
+  ZelXmlNodeHost* getWrapper() const { return wrapper_; }
+  void setWrapper(ZelXmlNodeHost* wrapper) { wrapper_ = wrapper; }
   void setId(const ApiPmId& id) { id_ = id; }
   const ZelNode* pmNode() const { return const_cast<ZelXmlNode*>(this)->pmNode(); }
 
@@ -139,7 +139,7 @@ class ZelXmlNode : public RTPooled {
   bool removeLabelItem(const ApiPmId& id);
 
   IXMLDOMNode element_;
-  ZelXmlWrapper* wrapper_ = nullptr;
+  ZelXmlNodeHost* wrapper_ = nullptr;
   ApiPmId id_;
 };
 

@@ -3,8 +3,8 @@
 #include "api/ApiPmSessionManager.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlNodeFactory.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeHost.h"
 #include "zel/ZelPhysical.h"
 
 // Labels of an object: the list `labels`, and the label objects that it names.

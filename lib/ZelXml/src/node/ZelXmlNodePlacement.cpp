@@ -1,6 +1,6 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 // Where an object stands, and how it is put under a parent.
 

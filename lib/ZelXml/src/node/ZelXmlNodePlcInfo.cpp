@@ -2,7 +2,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 // The group `plcInfo` and what all its owners keep in it.
 

@@ -1,7 +1,7 @@
 #include "api/ApiPmSessionManager.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 // How an object leaves the study, or leaves its parents but one.
 

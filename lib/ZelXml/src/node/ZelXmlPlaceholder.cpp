@@ -2,7 +2,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNewElements.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 bool ZelXmlPlaceholderNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
   return getWrapper() && zelXmlAddInstanceFields(*getWrapper(), record, element);

@@ -3,7 +3,7 @@
 #include <unordered_map>
 
 #include "document/ZelXmlFunctions.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeHost.h"
 
 bool ZelXmlFace<ZelVorLabelsContainer, ZelXmlProcessAssembly>::getLabels(ApiPmIdList& ids) const {
   return static_cast<const ZelXmlNode&>(static_cast<const ZelXmlProcessAssembly&>(*this)).getLabels(ids);

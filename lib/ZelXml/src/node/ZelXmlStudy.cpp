@@ -3,10 +3,10 @@
 #include <memory>
 
 #include "document/ZelXmlFunctions.h"
-#include "wrapper/ZelXmlNodeFactory.h"
-#include "wrapper/ZelXmlWrapper.h"
+#include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeHost.h"
 
-ZelNode* zelXmlNodeOfShortcut(ZelXmlWrapper& wrapper, const IXMLDOMNode& shortcut) {
+ZelNode* zelXmlNodeOfShortcut(ZelXmlNodeHost& wrapper, const IXMLDOMNode& shortcut) {
   IXMLDOMNode shown;
   ApiPmId id;
   return zelXmlGetReferencedNode(wrapper.DOMDocument(), shortcut, "linkExternalID", shown) &&
@@ -38,7 +38,7 @@ bool ZelXmlStudyNode::createChild(const ZelXmlCreationRecord& record, ZelNode*& 
 }
 
 bool ZelXmlStudyNode::addExistingChild(ZelNode* child) {
-  ZelXmlWrapper* wrapper = getWrapper();
+  ZelXmlNodeHost* wrapper = getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId own;
   ApiPmId id;
@@ -59,7 +59,7 @@ bool ZelXmlStudyNode::addExistingChild(ZelNode* child) {
 }
 
 bool ZelXmlStudyNode::moveChild(ZelNode* child) {
-  ZelXmlWrapper* wrapper = getWrapper();
+  ZelXmlNodeHost* wrapper = getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId parent;
@@ -158,7 +158,7 @@ bool ZelXmlStudyNode::removeStudyInfo(const ApiPmId& shortcut) {
 bool ZelXmlStudyNode::removeShownObjectLocally(const ApiPmId& shown) {
   const ApiPmId id = shown;
   ApiPmId shortcut;
-  ZelXmlWrapper* wrapper = getWrapper();
+  ZelXmlNodeHost* wrapper = getWrapper();
   if (!wrapper || !wrapper->shortcutFinder().findShortcut(id, shortcut) || !removeStudyInfo(shortcut) ||
       !zelXmlRemoveChildItem(getXmlNode(), shortcut) ||
       !wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut)) {

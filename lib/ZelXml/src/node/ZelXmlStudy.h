@@ -84,4 +84,4 @@ class ZelXmlStudy final
 };
 
 // The node of the object that a shortcut shows; null when any step on the way fails.
-ZelNode* zelXmlNodeOfShortcut(ZelXmlWrapper& wrapper, const IXMLDOMNode& shortcut);
+ZelNode* zelXmlNodeOfShortcut(ZelXmlNodeHost& wrapper, const IXMLDOMNode& shortcut);

@@ -9,7 +9,6 @@ class ZelXmlPrototypeAssignment : public ZelXmlNode {
   // The element that `uses` refers to; false without one.
   bool getDisplayElement(IXMLDOMNode& element) const override { return referenced("uses", element); }
 
-  // Stands beside the wrapper's operations on prototypes, since only the wrapper knows the nodes.
   ZelNode* getPrototype() const;
   bool getPrototypeId(ApiPmId& id) const;
 };

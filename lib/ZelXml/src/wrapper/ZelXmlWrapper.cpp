@@ -28,7 +28,14 @@ void ZelXmlWrapper::clear() {
 IXMLDOMDocument ZelXmlWrapper::DOMDocument() { return ApiPmSessionManager::the().importedDocument(); }
 
 ApiPmXmlCachedDocument& ZelXmlWrapper::cachedDOMDocument() const {
-  return ApiPmSessionManager::the().cachedDocument();
+  const IXMLDOMDocument document = DOMDocument();
+  ApiPmXmlCachedDocument* cached = &ApiPmSessionManager::the().cachedDocument();
+  if (cached->importedDocument() == document ||
+      ApiPmXmlCacheDocumentMgr::the().getCachedDocument(document, cached)) {
+    return *cached;
+  }
+  static ApiPmXmlCachedDocument none;  // of no document: it takes nothing in
+  return none;
 }
 
 void ZelXmlWrapper::setUpdateDocument(const IXMLDOMDocument& document) {
@@ -63,10 +70,6 @@ int ZelXmlWrapper::nodesNum() { return convertor_.nodesNum(); }
 
 const ZelNode* ZelXmlWrapper::getZelNodeFromId(const ApiPmId& id) const { return convertor_.findNode(id); }
 ZelNode* ZelXmlWrapper::getZelNodeFromId(const ApiPmId& id) { return convertor_.findNode(id); }
-
-ZelXmlNode* ZelXmlWrapper::zelXmlNodeFromId(const ApiPmId& id) const {
-  return zelXmlNodeOf(const_cast<ZelXmlWrapper*>(this)->getZelNodeFromId(id));
-}
 
 bool ZelXmlWrapper::getRoots(ApiPmIdList& ids) const {
   for (const ZelNode* root : roots_.list()) {

@@ -5,11 +5,9 @@
 #include "api/ApiPmIdSet.h"
 #include "api/ApiPmXmlCachedDocument.h"
 #include "dom/IXMLDOMDocument.h"
+#include "node/ZelXmlNodeHost.h"
 #include "rw/RWClassicTValHashSet.h"
 #include "wrapper/ZelXmlIdConvertor.h"
-#include "wrapper/ZelXmlParentFinder.h"
-#include "wrapper/ZelXmlRoots.h"
-#include "wrapper/ZelXmlShortcutFinder.h"
 #include "zel/ZelWrapper.h"
 
 class ZelVorLabel;
@@ -20,7 +18,7 @@ class ZelXmlNode;
 //
 // Failures are false or null, without message; what was done before a failing step stands. One thread at a
 // time uses a wrapper, its documents and the session.
-class ZelXmlWrapper : public ZelVorWrapper {
+class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
  public:
   ZelXmlWrapper();
   ~ZelXmlWrapper() override;
@@ -154,39 +152,28 @@ class ZelXmlWrapper : public ZelVorWrapper {
 
   ZelXmlIdConvertor& convertor() { return convertor_; }
   const ZelXmlIdConvertor& convertor() const { return convertor_; }
-  ZelXmlShortcutFinder& shortcutFinder() { return shortcutFinder_; }
+  ZelXmlShortcutFinder& shortcutFinder() override { return shortcutFinder_; }
   const ZelXmlShortcutFinder& shortcutFinder() const { return shortcutFinder_; }
-  ZelXmlParentFinder& relevantParentFinder() { return parentFinder_; }
+  ZelXmlParentFinder& relevantParentFinder() override { return parentFinder_; }
   const ZelXmlParentFinder& relevantParentFinder() const { return parentFinder_; }
-  const IXMLDOMDocument& updateDocument() const { return updateDocument_; }
-  const IXMLDOMDocument& OUTDocument() const { return outDocument_; }
-  ApiPmXmlCachedDocument& cachedDOMDocument() const;
-  // Id of the study object met last by a build; it outlives the nodes. Empty before the first.
-  const RWClassicWString& studyId() const { return studyId_; }
-  ZelXmlRoots& roots() { return roots_; }
+  const IXMLDOMDocument& updateDocument() const override { return updateDocument_; }
+  const IXMLDOMDocument& OUTDocument() const override { return outDocument_; }
+  ApiPmXmlCachedDocument& cachedDOMDocument() const override;
+  const RWClassicWString& studyId() const override { return studyId_; }
+  ZelXmlRoots& roots() override { return roots_; }
 
-  // The node of an id as the library sees it; null without node and for PLC internal nodes.
-  ZelXmlNode* zelXmlNodeFromId(const ApiPmId& id) const;
-
-  // Registers a node. A node that had the id leaves the roots, and lives on until the next build.
-  void insertNode(const ApiPmId& id, ZelNode* node);
-  // The one way by which a node dies before its wrapper: entry, root and relevant parent go with it. `id` may
-  // be the entry's own key or the node's own id; neither may be used afterwards.
-  void removeAndDeleteNodeObject(const ApiPmId& id);
+  ZelNode* findNode(const ApiPmId& id) const override { return convertor_.findNode(id); }
+  void insertNode(const ApiPmId& id, ZelNode* node) override;
+  void removeAndDeleteNodeObject(const ApiPmId& id) override;
   void removeAndDeleteNodeObjectsList(const ApiPmIdList& ids);
 
-  // Enters the object that a shortcut element links to; does nothing for a link that leads nowhere.
-  void addShortcutToShortcutFinder(const IXMLDOMNode& shortcut);
-  // Enters a parent as the one that counts for a child. Without `force` a child keeps the parent that it has,
-  // with a warning for a second one. True also when the parent is not one that counts and nothing is stored;
-  // false only for a parent without id.
-  bool addParentAndChildToRelevantParentFinder(const IXMLDOMNode& parent, const ApiPmId& child, bool force);
-  // The same by force, for two nodes.
-  bool addParentAndChildToRelevantParentFinder(const ZelXmlNode& parent, const ZelXmlNode& child);
+  void addShortcutToShortcutFinder(const IXMLDOMNode& shortcut) override;
+  using ZelXmlNodeHost::addParentAndChildToRelevantParentFinder;
+  bool addParentAndChildToRelevantParentFinder(const IXMLDOMNode& parent, const ApiPmId& child,
+                                               bool force) override;
   // The same without force for all children of an element, in order; stops at the first false.
   bool addParentAndChildrenToRelevantParentFinder(const IXMLDOMNode& parent);
-  // Stores `parent` for `child`, whatever the two are.
-  void setRelevantParent(const ApiPmId& child, const ApiPmId& parent);
+  void setRelevantParent(const ApiPmId& child, const ApiPmId& parent) override;
 
   // Node creation for an object element of the study document; `familyElement` is its NodeInfo/family,
   // `id` its id, null without one. All

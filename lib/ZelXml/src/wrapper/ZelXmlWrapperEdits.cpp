@@ -4,7 +4,7 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlCollectionService.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelVorLabel.h"
 

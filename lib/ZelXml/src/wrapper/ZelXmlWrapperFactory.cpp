@@ -7,7 +7,7 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlGenericVorCollection.h"
 #include "node/ZelXmlNode.h"
-#include "wrapper/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
 
 // Which node class stands for an object element, and the making of its node.

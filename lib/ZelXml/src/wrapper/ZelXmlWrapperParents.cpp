@@ -36,13 +36,6 @@ bool ZelXmlWrapper::enterRelevantParent(const IXMLDOMNode& parent, const ApiPmId
          parentFinder_.addNodeAndRelevantParent(child, parentId);
 }
 
-bool ZelXmlWrapper::addParentAndChildToRelevantParentFinder(const ZelXmlNode& parent,
-                                                            const ZelXmlNode& child) {
-  ApiPmId id;
-  return zelXmlGetExternalId(child.getXmlNode(), id) &&
-         addParentAndChildToRelevantParentFinder(parent.getXmlNode(), id, true);
-}
-
 bool ZelXmlWrapper::addParentAndChildrenToRelevantParentFinder(const IXMLDOMNode& parent) {
   ApiPmIdList children;
   if (!zelXmlGetChildIds(parent, children) || children.isEmpty()) return true;

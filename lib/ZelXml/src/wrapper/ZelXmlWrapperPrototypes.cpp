@@ -7,9 +7,9 @@
 #include "equipment/ZelXmlEquipmentPrototype.h"
 #include "equipment/ZelXmlEquipmentPrototypeOccurrence.h"
 #include "node/ZelXmlNode.h"
+#include "node/ZelXmlNodeFactory.h"
 #include "prototype/ZelXmlLocalPrototypeNode.h"
 #include "prototype/ZelXmlPrototypeAssignment.h"
-#include "wrapper/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelInstance.h"
 
@@ -268,27 +268,4 @@ bool ZelXmlWrapper::copyOccurrences(ZelNode& source, ZelNode& target) {
     static_cast<ZelXmlEquipmentPrototypeOccurrence&>(*zelXmlNodeOf(copy)).copyFrom(child);
   }
   return true;
-}
-
-ZelNode* ZelXmlPrototypeAssignment::getPrototype() const {
-  ApiPmId id;
-  return getWrapper() && getPrototypeId(id) ? getWrapper()->getZelNodeFromId(id) : nullptr;
-}
-
-ZelNode* ZelXmlEquipmentPrototype::createOccurrence(const ApiPmId& prototype) {
-  ZelXmlWrapper* wrapper = getWrapper();
-  const ZelNode* named = wrapper ? wrapper->getZelNodeFromId(prototype) : nullptr;
-  if (!named || (named->type() != ZEL_EQUIPMENT_PROTOTYPE && named->type() != ZEL_RESOURCE_PROTOTYPE)) {
-    return nullptr;
-  }
-  ApiPmId own;
-  ApiPmId id;
-  if (!getExternalId(own) || !wrapper->generateUniqueId(id)) return nullptr;
-  ZelNode* child = createChild(
-      ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE,
-      named->type() == ZEL_EQUIPMENT_PROTOTYPE ? "PmEquipmentPrototypeOccurrence" : "PmToolInstance", id);
-  if (!child) return nullptr;
-  auto& occurrence = static_cast<ZelXmlEquipmentPrototypeOccurrence&>(*zelXmlNodeOf(child));
-  const bool written = occurrence.setPrototypeId(prototype) && occurrence.setParentPrototype(own);
-  return written ? child : nullptr;
 }

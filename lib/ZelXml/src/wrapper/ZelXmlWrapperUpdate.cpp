@@ -5,8 +5,8 @@
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
-#include "merge/ZelXmlKnownList.h"
 #include "node/ZelXmlNode.h"
+#include "wrapper/ZelXmlKnownList.h"
 #include "wrapper/ZelXmlWrapper.h"
 
 // New data of the data store, folded into a built study. The update document is only read.

@@ -7,6 +7,7 @@
 #include "node/ZelXmlCompoundPart.h"
 #include "node/ZelXmlCompoundResource.h"
 #include "node/ZelXmlLabel.h"
+#include "node/ZelXmlNodeFactory.h"
 #include "node/ZelXmlPartInstance.h"
 #include "node/ZelXmlPlaceholder.h"
 #include "node/ZelXmlProcessAssembly.h"
@@ -18,14 +19,8 @@
 #include "prototype/ZelXmlPrototypeNode.h"
 #include "resource/ZelXmlResourceInstance.h"
 #include "variant/ZelXmlVariantFilter.h"
-#include "wrapper/ZelXmlNodeFactory.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelWrapperFactory.h"
-
-RTObjVectorFactory<ZelXmlNode>& ZelXmlNodeFactory::the() {
-  static auto& factory = *new RTObjVectorFactory<ZelXmlNode>(100);
-  return factory;
-}
 
 RTObjVectorFactory<ZelWrapper>& ZelWrapperFactory::the() {
   static auto& factory = *new RTObjVectorFactory<ZelWrapper>;

@@ -1,4 +1,4 @@
-#include "wrapper/ZelXmlShortcutFinder.h"
+#include "node/ZelXmlShortcutFinder.h"
 
 bool ZelXmlShortcutFinder::findShortcut(const ApiPmId& id, ApiPmId& shortcut) const {
   const auto* entry = shortcuts_.find(id);

@@ -1,4 +1,4 @@
-#include "wrapper/ZelXmlRoots.h"
+#include "node/ZelXmlRoots.h"
 
 void ZelXmlRoots::append(ZelNode* node) {
   if (places_.emplace(node, roots_.size()).second) roots_.push_back(node);

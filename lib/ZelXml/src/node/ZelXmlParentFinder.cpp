@@ -1,4 +1,4 @@
-#include "wrapper/ZelXmlParentFinder.h"
+#include "node/ZelXmlParentFinder.h"
 
 bool ZelXmlParentFinder::findRelevantParent(const ApiPmId& id, ApiPmId& parent) const {
   const auto* entry = parents_.find(id);
