@@ -36,11 +36,12 @@ struct Outcome {
   }
 };
 
-// Runs zelstudy with these arguments. `stackKiB` limits its stack; 0 leaves it alone.
-inline Outcome run(std::vector<std::string> arguments, std::string_view input = {}, unsigned stackKiB = 0) {
+// Runs a program with these arguments. `stackKiB` limits its stack; 0 leaves it alone.
+inline Outcome runProgram(const char* program, std::vector<std::string> arguments,
+                          std::string_view input = {}, unsigned stackKiB = 0) {
   const Folder files;
   files.write("in", input);
-  arguments.insert(arguments.begin(), ZELSTUDY_PROGRAM);
+  arguments.insert(arguments.begin(), program);
   std::vector<char*> words;
   for (std::string& argument : arguments) words.push_back(argument.data());
   words.push_back(nullptr);
@@ -61,6 +62,10 @@ inline Outcome run(std::vector<std::string> arguments, std::string_view input = 
   int status = 0;
   ::waitpid(child, &status, 0);
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, files.read("out"), files.read("err")};
+}
+
+inline Outcome run(std::vector<std::string> arguments, std::string_view input = {}, unsigned stackKiB = 0) {
+  return runProgram(ZELSTUDY_PROGRAM, std::move(arguments), input, stackKiB);
 }
 
 // A study with a shortcut to the compound part "A" at (10, 20, 30), in it the part "B" at (1, 2, 3), and

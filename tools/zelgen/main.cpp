@@ -58,6 +58,10 @@ int run(int argc, char** argv) {
       "Writes a made-up manufacturing study of any size, or an update or an external document for a study. "
       "Equal options give equal bytes.",
       "zelgen");
+  app.set_version_flag("--version", "zelgen " ZELGEN_VERSION);
+  // The conversion to an unsigned number would take -1 for the greatest one.
+  const CLI::Validator unsignedNumber(
+      [](std::string& text) { return text.starts_with('-') ? text + " is less than 0" : std::string(); }, "");
   CLI::Option* objects = app.add_option("-n,--objects", options.objects, "Object elements in the study");
   CLI::Option* updateOf = app.add_option("--update-of", study, "Write an update for this study instead")
                               ->type_name("STUDY")
@@ -99,6 +103,9 @@ int run(int argc, char** argv) {
       ->type_name("N")
       ->capture_default_str()
       ->needs(externalOf);
+  for (const char* name : {"--objects", "--seed", "--depth", "--shared", "--new", "--changed", "--moved",
+                           "--vanished", "--unchanged", "--class-changes"})
+    app.get_option(name)->check(unsignedNumber);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

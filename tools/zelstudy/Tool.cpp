@@ -1,10 +1,13 @@
 #include "zelstudy/Tool.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
+#include "zelstudy/Nearest.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/ToolLog.h"
 
@@ -38,6 +41,32 @@ void addCommonOptions(CLI::App& app, Tool& tool) {
       ->take_all();
 }
 
+namespace {
+
+// No command was named, or one that there is not.
+void sayUnknownCommand(const CLI::App& app, const std::string& word) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  const std::string_view meant = nearest(word, {names.begin(), names.end()});
+  say("there is no command \"" + word + "\"" +
+      (meant.empty() ? "; zelstudy --help lists them" : "; did you mean \"" + std::string(meant) + "\"?"));
+}
+
+// The arguments, the first one last, as the parser wants them. `help` is `--help`, of a command if one
+// follows.
+std::vector<std::string> wordsOf(int argc, char** argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  if (!words.empty() && words.front() == "help") {
+    words.erase(words.begin());
+    words.resize(std::min<std::size_t>(words.size(), 1));
+    words.push_back("--help");
+  }
+  std::reverse(words.begin(), words.end());
+  return words;
+}
+
+}  // namespace
+
 int runTool(int argc, char** argv) {
   CLI::App app("Look into a study and edit it.", "zelstudy");
   Tool tool;
@@ -47,7 +76,7 @@ int runTool(int argc, char** argv) {
   app.footer(
       "Data goes to standard output, messages to standard error. The exit code is 0 for success,\n"
       "1 for an unknown id or a refused operation, 2 for a file that cannot be opened or saved\n"
-      "and for wrong usage. Each command has a --help of its own.\n\n"
+      "and for wrong usage. \"zelstudy help COMMAND\" tells about a command.\n\n"
       "Example: zelstudy tree cell.xml --depth 2");
   addCommonOptions(app, tool);
   for (const AddCommand add : commands) add(app, tool);
@@ -56,9 +85,19 @@ int runTool(int argc, char** argv) {
            "\nzelstudy --help and zelstudy COMMAND --help tell more\n";
   });
 
+  const auto unknownCommand = [&app] {
+    for (const std::string& word :
+         app.get_subcommands().empty() ? app.remaining() : std::vector<std::string>())
+      if (!word.starts_with('-')) return word;
+    return std::string();
+  };
   try {
-    app.parse(argc, argv);
+    app.parse(wordsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
+    if (const std::string word = unknownCommand(); !word.empty()) {
+      sayUnknownCommand(app, word);
+      return exitFailure;
+    }
     return app.exit(error) == 0 ? exitSuccess : exitFailure;
   }
   if (!tool.run) {
