@@ -4,9 +4,9 @@
 #include "zel/ZelCompound.h"
 #include "zel/ZelGlobalAttachment.h"
 #include "zel/ZelInstance.h"
+#include "zel/ZelPlcResourceInstance.h"
 #include "zel/ZelVorLabel.h"
 #include "zel/ZelVorNode.h"
-#include "zel/ZelVorPlaceholder.h"
 
 using namespace document_test;
 
@@ -140,18 +140,18 @@ TEST_F(FieldsTest, PlcDataKnowsItsOrigin) {
   build(bare("PmToolInstance", "R", "<threeDRep/>" + info));
   publish();
   auto* plc = zelQuery<ZelPlcResourceInstance>(node("R"));
-  ASSERT_TRUE(plc && plc->setVersion("1") && plc->setVersion("2") && plc->publishPlcData());
+  ASSERT_TRUE(plc && plc->setPlcVersion("1") && plc->setPlcVersion("2") && plc->publishPlcInfo());
   RWClassicWString version;
-  EXPECT_TRUE(plc->getVersion(version) && version == "1") << "writing adds, reading takes the first";
+  EXPECT_TRUE(plc->getPlcVersion(version) && version == "1") << "writing adds, reading takes the first";
   EXPECT_EQ(root(stream),
             updates(bare("PmToolInstance", "R",
                          info + "<plcInfo><OriginalId>R</OriginalId><version>1</version><version>2</version>"
                                 "</plcInfo>")));
   bool original = false;
-  EXPECT_TRUE(plc->isOriginal(original) && original);
+  EXPECT_TRUE(plc->isOriginalPlcData(original) && original);
   zelXmlSetText(document_test::at(element("R"), "plcInfo/OriginalId"), "other");
-  EXPECT_TRUE(plc->isOriginal(original) && !original);
-  EXPECT_TRUE(plc->removePlcData() && plc->isOriginal(original) && original);
+  EXPECT_TRUE(plc->isOriginalPlcData(original) && !original);
+  EXPECT_TRUE(plc->removePlcInfo() && plc->isOriginalPlcData(original) && original);
 }
 
 TEST_F(FieldsTest, TablesOfText) {

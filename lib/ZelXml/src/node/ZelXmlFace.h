@@ -7,6 +7,7 @@
 #include "zel/ZelCompound.h"
 #include "zel/ZelGlobalAttachment.h"
 #include "zel/ZelPhysical.h"
+#include "zel/ZelPlcResourceInstance.h"
 #include "zel/ZelVorLabel.h"
 #include "zel/ZelVorNode.h"
 #include "zel/ZelVorPlaceholder.h"
@@ -123,12 +124,12 @@ class ZelXmlFace<ZelGlobalAttachment, Self> : public ZelGlobalAttachment {
 template <class Self>
 class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelPlcResourceInstance {
  public:
-  bool publishPlcData() override { return node().publishPlcData(); }
-  bool removePlcData() override { return node().removePlcData(); }
-  bool isOriginal(bool& original) const override { return constNode().isOriginal(original); }
-  bool setVersion(const RWClassicWString& version) override { return node().setVersion(version); }
-  bool getVersion(RWClassicWString& version) const override { return constNode().getVersion(version); }
-  bool reserved() override { return true; }
+  bool publishPlcInfo() override { return node().publishPlcData(); }
+  bool removePlcInfo() override { return node().removePlcData(); }
+  bool isOriginalPlcData(bool& original) const override { return constNode().isOriginal(original); }
+  bool setPlcVersion(const RWClassicCString& version) override { return node().setVersion(version); }
+  bool getPlcVersion(RWClassicCString& version) const override { return constNode().getVersion(version); }
+  bool hasElement() const override { return static_cast<bool>(constNode().getXmlNode()); }
 
  private:
   ZelXmlNode& node() { return static_cast<Self&>(*this); }
