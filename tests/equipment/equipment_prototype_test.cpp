@@ -87,7 +87,7 @@ TEST_F(EquipmentPrototypeTest, ACopyKeepsNamePlaceAndChildId) {
   ApiPmId id;
   EXPECT_TRUE(occurs(node("new1")).getLocation(copied));
   EXPECT_TRUE(copied.isNear(place, 1e-6, 1e-6));
-  EXPECT_TRUE(xmlNode("new1")->getAbsoluteLocation(copied));
+  EXPECT_TRUE(xmlNode("new1")->readAbsoluteLocation(copied));
   EXPECT_TRUE(copied.isNear(place, 1e-6, 1e-6));
   EXPECT_TRUE(occurs(node("new1")).getChildId(child) && child == ApiPmPrototypeChildId("stable"));
   EXPECT_FALSE(occurs(node("new3")).getChildId(child)) << "the original has none";

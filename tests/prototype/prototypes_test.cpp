@@ -106,8 +106,8 @@ TEST_F(PrototypesTest, ALocalPrototypeHasNoElement) {
   EXPECT_EQ(time(id.text()), 2000);
   // All that would need an element.
   ZelXmlNode& xml = *zelXmlNodeOf(local);
-  EXPECT_FALSE(local->setDescription("x") || local->getParent() || xml.addLabel(id, {}) ||
-               xml.setLocation(RTTran3D()) || xml.addChild(local) ||
+  EXPECT_FALSE(local->setDescription("x") || local->getParent() || xml.createLabel(id, {}) ||
+               xml.writeLocation(RTTran3D()) || xml.addChild(local) ||
                wrapper->registerNodeForPreDownload(*local) || wrapper->getPrototypeDataAsOutputDoc(id, out) ||
                wrapper->deleteNode(id));
   EXPECT_EQ(objects() + root(stream) + root(out), "");

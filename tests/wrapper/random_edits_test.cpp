@@ -172,11 +172,11 @@ class RandomEdits : public StudyTest, protected RandomDraws {
       }
       Seen& entry = seen[id.asString()];
       entry.text = std::to_string(each->type()) + ' ' + name + ' ' + joined(living);
-      ZelNode* parent = zelXmlNodeOf(each)->getParent();
+      ZelNode* parent = zelXmlNodeOf(each)->shownParent();
       if (living.entries() == 1 && parent) entry.parent = textOf(parent);
       ApiPmId shortcut;
       if (of.findShortcut(id, shortcut)) entry.shortcut = shortcut.asString();
-      zelXmlNodeOf(each)->getAbsoluteLocation(entry.absolute);
+      zelXmlNodeOf(each)->readAbsoluteLocation(entry.absolute);
     }
     return seen;
   }

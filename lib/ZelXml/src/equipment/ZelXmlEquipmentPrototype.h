@@ -12,6 +12,7 @@ class ZelXmlEquipmentPrototype final
  public:
   bool addChild(ZelNode* child) override { return service_.addOccurrence(child); }
   ZelNode* createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) override;
+  ZelNode* createChild(ZelNodeType type, const ApiPmId& id) override { return createChild(type, {}, id); }
   // A new occurrence, at the origin, of a prototype of a tool (class PmToolInstance) or of an equipment
   // (PmEquipmentPrototypeOccurrence), entered here and published. Null, with nothing made, for any other id;
   // null too when a field cannot be written, and then the occurrence stays.

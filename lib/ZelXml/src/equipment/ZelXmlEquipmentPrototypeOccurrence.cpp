@@ -24,7 +24,7 @@ bool ZelXmlEquipmentPrototypeOccurrence::getChildId(ApiPmPrototypeChildId& id) c
   std::string text;
   ApiPmId own;
   if (!zelXmlGetCloneStableId(getXmlNode(), text)) return false;
-  if (text.empty() && ZelXmlNode::getExternalId(own)) {
+  if (text.empty() && readId(own)) {
     text = own.text();
     ZEL_LOG("VorIntegration    ", ApiLogLogger::error,
             "Clone stable id is missing - using external id instead: " + text);

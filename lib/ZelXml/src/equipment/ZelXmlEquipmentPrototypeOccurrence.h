@@ -3,10 +3,6 @@
 #include "node/ZelXmlConcreteNode.h"
 #include "zel/ZelVorPrototypeOccurrence.h"
 
-// Its one class writes the operations out.
-template <class Self>
-class ZelXmlFace<ZelVorPrototypeOccurrence, Self> : public ZelVorPrototypeOccurrence {};
-
 class ZelXmlEquipmentPrototypeOccurrence final
     : public ZelXmlConcreteNode<ZelXmlEquipmentPrototypeOccurrence, ZelXmlNode,
                                 ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE, ZelVorPrototypeOccurrence, ZelVorNode> {

@@ -67,7 +67,7 @@ bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
   ZelXmlNodeHost& wrapper = *owner().getWrapper();
   const IXMLDOMDocument document = wrapper.DOMDocument();
   ApiPmId own;
-  if (!owner().getExternalId(own)) return false;
+  if (!owner().readId(own)) return false;
   const auto parents = [&](const ApiPmId& of, ApiPmIdList& ids) {
     IXMLDOMNode element;
     ApiPmId relevant;
@@ -109,7 +109,7 @@ bool ZelXmlCollectionService::addExistingChild(ZelNode* child) {
   ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
-  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
   const IXMLDOMNode element = node->getXmlNode();
   return addChildElement(element) && addLayoutChild(element) && node->attachToParent(getXmlNode()) &&
          wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
@@ -133,7 +133,7 @@ bool ZelXmlCollectionService::addOccurrence(ZelNode* occurrence) {
   const ZelXmlNode* node = zelXmlNodeOf(occurrence);
   ApiPmId own;
   ApiPmId id;
-  if (!wrapper || !node || !node->getExternalId(id) || !owner().getExternalId(own)) return false;
+  if (!wrapper || !node || !node->readId(id) || !owner().readId(own)) return false;
   std::string holderId;
   if (zelXmlGetParentPrototype(node->getXmlNode(), holderId) && zelXmlIsReference(holderId)) {
     IXMLDOMNode holder;
@@ -226,7 +226,7 @@ bool ZelXmlCollectionService::addChild(ZelNode* child) {
   ApiPmId id;
   IXMLDOMNode own;
   ApiPmId layoutId;
-  return wrapper && node && node->getExternalId(id) && zelXmlAddChildItem(getXmlNode(), id) &&
+  return wrapper && node && node->readId(id) && zelXmlAddChildItem(getXmlNode(), id) &&
          zelXmlGetReferencedNode(wrapper->DOMDocument(), getXmlNode(), "layout", own) &&
          zelXmlGetLayoutId(node->getXmlNode(), layoutId) && zelXmlAddChildItem(own, layoutId) &&
          wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
@@ -250,7 +250,7 @@ bool ZelXmlCollectionService::getChildNodes(ZelNodeList& children) const {
   ZelXmlNodeHost* wrapper = owner().getWrapper();
   ApiPmId own;
   ApiPmIdList ids;
-  if (!wrapper || !owner().getExternalId(own) || !getChildIds(ids)) return false;
+  if (!wrapper || !owner().readId(own) || !getChildIds(ids)) return false;
   for (const ApiPmId& id : ids) {
     ApiPmId parent;
     if (!wrapper->relevantParentFinder().findRelevantParent(id, parent) || !(parent == own)) continue;
@@ -276,7 +276,7 @@ bool ZelXmlCollectionService::moveChild(ZelNode* child) {
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;
-  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
   if (wrapper->shortcutFinder().findShortcut(id, shortcut)) {
     if (!zelXmlRemoveStudyShortcut(wrapper->cachedDOMDocument(), wrapper->OUTDocument(),
                                    ApiPmId(wrapper->studyId()), shortcut)) {
@@ -292,7 +292,7 @@ bool ZelXmlCollectionService::moveChildLocally(ZelNode* child) {
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;
-  if (!wrapper || !node || !node->getExternalId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
   wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut);
   const IXMLDOMNode element = node->getXmlNode();
   wrapper->roots().remove(node->pmNode());

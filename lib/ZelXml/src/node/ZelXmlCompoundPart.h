@@ -1,25 +1,18 @@
 #pragma once
 
-#include "node/ZelXmlCollectionNode.h"
-#include "node/ZelXmlCompoundFaces.h"
-#include "node/ZelXmlConcreteNode.h"
-#include "node/ZelXmlNewElements.h"
-
-// A compound of either kind: a collection whose new element comes by the recipe of compounds, and which can
-// be attached to another object.
-class ZelXmlCompoundNode : public ZelXmlCollectionNode {
- public:
-  bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) override {
-    return getWrapper() && zelXmlCreateCompoundElement(*getWrapper(), record, element);
-  }
-  ZelXmlGlobalAttachmentService& globalAttachment() { return attachment_; }
-  const ZelXmlGlobalAttachmentService& globalAttachment() const { return attachment_; }
-
- private:
-  ZelXmlGlobalAttachmentService attachment_{this};
-};
+#include "node/ZelXmlCompoundNode.h"
 
 class ZelXmlCompoundPart final
-    : public ZelXmlConcreteNode<ZelXmlCompoundPart, ZelXmlCompoundNode, ZEL_COMPOUND_PART, ZelCompoundPart,
-                                ZelCompoundObject, ZelCollection, ZelPhysical, ZelVorNode, ZelVorCollection,
-                                ZelVorCompoundPart, ZelVorLabelsContainer, ZelGlobalAttachment> {};
+    : public ZelXmlConcreteNode<ZelXmlCompoundPart, ZelXmlAttachableNode<ZelXmlCompoundNode>,
+                                ZEL_COMPOUND_PART, ZelCompoundPart, ZelCompoundObject, ZelCollection,
+                                ZelPhysical, ZelVorNode, ZelVorCollection, ZelVorCompoundPart,
+                                ZelVorLabelsContainer, ZelGlobalAttachment> {
+ public:
+  bool getThreeDRepPath(ApiFullPathDocument& path) const override { return readThreeDRepPath(path.path); }
+  bool setThreeDRepPath(const ApiFullPathDocument& path) override { return writeCompoundPath(path.path); }
+  bool getPartChildren(ZelNodeList& children) const override { return readAllChildNodes(children); }
+  bool getAssemblyType(int& assemblyType) const override {
+    return zelXmlGetAssemblyType(*this, assemblyType);
+  }
+  bool setAssemblyType(int assemblyType) override { return writeAssemblyType(assemblyType); }
+};

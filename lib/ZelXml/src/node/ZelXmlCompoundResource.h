@@ -1,9 +1,9 @@
 #pragma once
 
-#include "node/ZelXmlCompoundPart.h"
+#include "node/ZelXmlCompoundNode.h"
 
 class ZelXmlCompoundResource final
-    : public ZelXmlConcreteNode<ZelXmlCompoundResource, ZelXmlCompoundNode, ZEL_COMPOUND_RESOURCE,
-                                ZelCompoundResource, ZelCompoundObject, ZelCollection, ZelPhysical,
-                                ZelVorNode, ZelVorCollection, ZelVorCompoundResource, ZelVorLabelsContainer,
-                                ZelGlobalAttachment> {};
+    : public ZelXmlConcreteNode<ZelXmlCompoundResource, ZelXmlAttachableNode<ZelXmlCompoundNode>,
+                                ZEL_COMPOUND_RESOURCE, ZelCompoundResource, ZelCompoundObject, ZelCollection,
+                                ZelPhysical, ZelVorNode, ZelVorCollection, ZelVorCompoundResource,
+                                ZelVorLabelsContainer, ZelGlobalAttachment> {};

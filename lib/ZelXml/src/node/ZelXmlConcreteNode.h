@@ -1,35 +1,33 @@
 #pragma once
 
 #include <tuple>
+#include <type_traits>
 
 #include "node/ZelXmlFace.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeAccess.h"
 
-// A node class from its parts: `Self` is the class, `Base` its ZelXmlNode class, `Faces` the interfaces that
-// it serves, the first of which is the one that stands for the object (pmNode). All operations of ZelNode are
-// answered here, once for all interfaces; queryInterface answers from the list. A class writes out only what
-// it answers otherwise.
+// A node class from its parts: `Self` is the class, `Base` its ZelXmlElementNode class, `Faces` the
+// interfaces that it serves, the first of which is the one that stands for the object (pmNode). All
+// operations of ZelNode are answered here, once for all interfaces, by the read and write operations of Base;
+// queryInterface answers from the list. A class writes out only what it answers otherwise, and it alone: what
+// Base calls stays.
 template <class Self, class Base, ZelNodeType Type, class... Faces>
 class ZelXmlConcreteNode : public ZelXmlFace<Faces, Self>..., public ZelXmlNodeAccess, public Base {
  public:
   using Base::Base;
 
-  bool getExternalId(ApiPmId& id) const override { return Base::getExternalId(id); }
+  bool getExternalId(ApiPmId& id) const override { return Base::readId(id); }
   ZelNodeType type() const override { return Type; }
-  bool getName(RWClassicWString& name) const override { return Base::getName(name); }
-  bool getCaption(RWClassicWString& caption) const override { return Base::getCaption(caption); }
-  bool setName(const RWClassicWString& name) override { return Base::setName(name); }
-  const ZelNode* getParent() const override { return Base::getParent(); }
-  ZelNode* getParent() override { return Base::getParent(); }
-  bool getParentId(ApiPmId& id) const override { return Base::getParentId(id); }
-  bool getStringType(RWClassicWString& type) const override { return Base::getStringType(type); }
-  bool getDescription(RWClassicWString& description) const override {
-    return Base::getDescription(description);
-  }
-  bool setDescription(const RWClassicWString& description) override {
-    return Base::setDescription(description);
-  }
+  bool getName(RWClassicWString& name) const override { return Base::readName(name); }
+  bool getCaption(RWClassicWString& caption) const override { return Base::readCaption(caption); }
+  bool setName(const RWClassicWString& name) override { return Base::writeName(name); }
+  const ZelNode* getParent() const override { return Base::shownParent(); }
+  ZelNode* getParent() override { return Base::shownParent(); }
+  bool getParentId(ApiPmId& id) const override { return Base::readShownParentId(id); }
+  bool getStringType(RWClassicWString& type) const override { return Base::readStringType(type); }
+  bool getDescription(RWClassicWString& text) const override { return Base::readDescription(text); }
+  bool setDescription(const RWClassicWString& text) override { return Base::writeDescription(text); }
   const ZelNode* queryInterface(ZelNode::InterfaceType type) const override {
     return const_cast<ZelXmlConcreteNode*>(this)->queryInterface(type);
   }
@@ -46,5 +44,12 @@ class ZelXmlConcreteNode : public ZelXmlFace<Faces, Self>..., public ZelXmlNodeA
   }
   using Base::pmNode;
   ZelNodeType zelType() const override { return type(); }
-  ZelXmlNode* zelXmlNode() override { return this; }
+  ZelXmlElementNode* zelXmlElementNode() override { return this; }
+  ZelXmlNode* zelXmlNode() override {
+    if constexpr (std::is_base_of_v<ZelXmlNode, Base>) {
+      return this;
+    } else {
+      return nullptr;
+    }
+  }
 };

@@ -12,126 +12,120 @@
 #include "zel/ZelVorNode.h"
 #include "zel/ZelVorPlaceholder.h"
 
-// How the node class `Self` serves the interface `I`: one implementation per interface, which goes to the
-// ZelXmlNode or to a service of the object.
+// How the node class `Self` serves the interface `I`, once for all classes that serve it alike: by operations
+// and services of the ZelXmlNode, which self() leads to. A class that alone serves an interface, or serves it
+// otherwise, writes its operations out.
 template <class I, class Self>
-class ZelXmlFace;
+class ZelXmlFace : public I {};
 
-template <class Self>
-class ZelXmlFace<ZelPhysical, Self> : public ZelPhysical {
- public:
-  bool getLocation(RTTran3D& location) const override { return node().getLocation(location); }
-  bool setLocation(const RTTran3D& location) override {
-    return static_cast<ZelXmlNode&>(static_cast<Self&>(*this)).setLocation(location);
-  }
-  bool getAbsoluteLocation(RTTran3D& location) const override { return node().getAbsoluteLocation(location); }
-
- private:
-  const ZelXmlNode& node() const { return static_cast<const Self&>(*this); }
+template <class I, class Self>
+class ZelXmlSharedFace : public I {
+ protected:
+  Self& self() { return static_cast<Self&>(*this); }
+  const Self& self() const { return static_cast<const Self&>(*this); }
 };
 
 template <class Self>
-class ZelXmlFace<ZelVorNode, Self> : public ZelVorNode {
+class ZelXmlFace<ZelPhysical, Self> : public ZelXmlSharedFace<ZelPhysical, Self> {
+  using ZelXmlSharedFace<ZelPhysical, Self>::self;
+
  public:
-  bool getSolvaneName(RWClassicWString& name) const override { return node().getSolvaneName(name); }
+  bool getLocation(RTTran3D& location) const override { return self().readLocation(location); }
+  bool setLocation(const RTTran3D& location) override { return self().writeLocation(location); }
+  bool getAbsoluteLocation(RTTran3D& location) const override {
+    return self().readAbsoluteLocation(location);
+  }
+};
+
+template <class Self>
+class ZelXmlFace<ZelVorNode, Self> : public ZelXmlSharedFace<ZelVorNode, Self> {
+  using ZelXmlSharedFace<ZelVorNode, Self>::self;
+
+ public:
+  bool getSolvaneName(RWClassicWString& name) const override { return self().readSolvaneName(name); }
   bool getDisplayStringType(RWClassicWString& type) const override {
-    return node().getDisplayStringType(type);
+    return self().readDisplayStringType(type);
   }
-  bool getInternalId(ApiPmInternalId& id) const override { return node().getInternalId(id); }
-  bool setNameLocally(const RWClassicWString& name) override {
-    return static_cast<ZelXmlNode&>(static_cast<Self&>(*this)).setNameLocally(name);
-  }
-
- private:
-  const ZelXmlNode& node() const { return static_cast<const Self&>(*this); }
+  bool getInternalId(ApiPmInternalId& id) const override { return self().readInternalId(id); }
+  bool setNameLocally(const RWClassicWString& name) override { return self().writeNameLocally(name); }
 };
 
 template <class Self>
-class ZelXmlFace<ZelVorLabelsContainer, Self> : public ZelVorLabelsContainer {
- public:
-  bool getLabels(ApiPmIdList& ids) const override {
-    return static_cast<const ZelXmlNode&>(static_cast<const Self&>(*this)).getLabels(ids);
-  }
-  bool addLabel(const ApiPmId& id, const ZelVorLabelData& data) override { return node().addLabel(id, data); }
-  bool updateLabel(const ApiPmId& id, const ZelVorLabelData& data) override {
-    return node().updateLabel(id, data);
-  }
-  bool removeLabelLocally(const ApiPmId& id) override { return node().removeLabelLocally(id); }
+class ZelXmlFace<ZelVorLabelsContainer, Self> : public ZelXmlSharedFace<ZelVorLabelsContainer, Self> {
+  using ZelXmlSharedFace<ZelVorLabelsContainer, Self>::self;
 
- private:
-  ZelXmlNode& node() { return static_cast<Self&>(*this); }
+ public:
+  bool getLabels(ApiPmIdList& ids) const override { return self().readLabels(ids); }
+  bool addLabel(const ApiPmId& id, const ZelVorLabelData& data) override {
+    return self().createLabel(id, data);
+  }
+  bool updateLabel(const ApiPmId& id, const ZelVorLabelData& data) override {
+    return self().writeLabel(id, data);
+  }
+  bool removeLabelLocally(const ApiPmId& id) override { return self().dropLabel(id); }
 };
 
 // Collections: `Self` answers collectionService().
 template <class Self>
-class ZelXmlFace<ZelCollection, Self> : public ZelCollection {
+class ZelXmlFace<ZelCollection, Self> : public ZelXmlSharedFace<ZelCollection, Self> {
+  using ZelXmlSharedFace<ZelCollection, Self>::self;
+
  public:
   bool getChildren(ZelNodeList& children) const override {
-    return static_cast<const Self&>(*this).collectionService().getChildNodes(children);
+    return self().collectionService().getChildNodes(children);
   }
-  bool getChildrenIds(ApiPmIdList& ids) const override {
-    return static_cast<const Self&>(*this).collectionService().getChildIds(ids);
-  }
+  bool getChildrenIds(ApiPmIdList& ids) const override { return self().collectionService().getChildIds(ids); }
   ZelNode* createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) override {
-    return service().createPlacedChild(type, className, id);
+    return self().collectionService().createPlacedChild(type, className, id);
   }
-  // Through the virtual operation, so that a class that writes out the other form changes this one too.
-  ZelNode* createChild(ZelNodeType type, const ApiPmId& id) override {
-    return static_cast<ZelCollection&>(*this).createChild(type, {}, id);
-  }
-  bool moveChild(ZelNode* child) override { return service().moveChild(child); }
+  ZelNode* createChild(ZelNodeType type, const ApiPmId& id) override { return createChild(type, {}, id); }
+  bool moveChild(ZelNode* child) override { return self().collectionService().moveChild(child); }
   bool reserved() override { return false; }
-  bool removeChild(const ApiPmId& id) override { return service().removeChild(id); }
-
- private:
-  ZelXmlCollectionService& service() { return static_cast<Self&>(*this).collectionService(); }
+  bool removeChild(const ApiPmId& id) override { return self().collectionService().removeChild(id); }
 };
 
 template <class Self>
-class ZelXmlFace<ZelVorCollection, Self> : public ZelVorCollection {
- public:
-  bool removeChildLocally(const ApiPmId& id) override { return service().removeChildLocally(id); }
-  bool moveChildLocally(ZelNode* child) override { return service().moveChildLocally(child); }
+class ZelXmlFace<ZelVorCollection, Self> : public ZelXmlSharedFace<ZelVorCollection, Self> {
+  using ZelXmlSharedFace<ZelVorCollection, Self>::self;
 
- private:
-  ZelXmlCollectionService& service() { return static_cast<Self&>(*this).collectionService(); }
+ public:
+  bool removeChildLocally(const ApiPmId& id) override {
+    return self().collectionService().removeChildLocally(id);
+  }
+  bool moveChildLocally(ZelNode* child) override {
+    return self().collectionService().moveChildLocally(child);
+  }
 };
 
 // Global attachments: `Self` answers globalAttachment().
 template <class Self>
-class ZelXmlFace<ZelGlobalAttachment, Self> : public ZelGlobalAttachment {
+class ZelXmlFace<ZelGlobalAttachment, Self> : public ZelXmlSharedFace<ZelGlobalAttachment, Self> {
+  using ZelXmlSharedFace<ZelGlobalAttachment, Self>::self;
+
  public:
   bool getGloballyAttachedTools(ApiPmIdList& ids) const override {
-    return service().getGloballyAttachedTools(ids);
+    return self().globalAttachment().getGloballyAttachedTools(ids);
   }
   bool getGlobalAttachment(ApiPmExtendedId& target, RTTran3D& placement,
                            RWClassicWString& type) const override {
-    return service().getGlobalAttachment(target, placement, type);
+    return self().globalAttachment().getGlobalAttachment(target, placement, type);
   }
   bool setGlobalAttachment(const ApiPmExtendedId& oldTarget, const ApiPmExtendedId& newTarget,
                            const RTTran3D& placement, const RWClassicWString& type) override {
-    return static_cast<Self&>(*this).globalAttachment().setGlobalAttachment(oldTarget, newTarget, placement,
-                                                                            type);
-  }
-
- private:
-  const ZelXmlGlobalAttachmentService& service() const {
-    return static_cast<const Self&>(*this).globalAttachment();
+    return self().globalAttachment().setGlobalAttachment(oldTarget, newTarget, placement, type);
   }
 };
 
 // PLC services that all objects with PLC data share.
 template <class Self>
-class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelPlcResourceInstance {
- public:
-  bool publishPlcInfo() override { return node().publishPlcData(); }
-  bool removePlcInfo() override { return node().removePlcData(); }
-  bool isOriginalPlcData(bool& original) const override { return constNode().isOriginal(original); }
-  bool setPlcVersion(const RWClassicCString& version) override { return node().setVersion(version); }
-  bool getPlcVersion(RWClassicCString& version) const override { return constNode().getVersion(version); }
-  bool hasElement() const override { return static_cast<bool>(constNode().getXmlNode()); }
+class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelXmlSharedFace<ZelPlcResourceInstance, Self> {
+  using ZelXmlSharedFace<ZelPlcResourceInstance, Self>::self;
 
- private:
-  ZelXmlNode& node() { return static_cast<Self&>(*this); }
-  const ZelXmlNode& constNode() const { return static_cast<const Self&>(*this); }
+ public:
+  bool publishPlcInfo() override { return self().publishPlcData(); }
+  bool removePlcInfo() override { return self().removePlcData(); }
+  bool isOriginalPlcData(bool& original) const override { return self().isOriginal(original); }
+  bool setPlcVersion(const RWClassicCString& version) override { return self().setVersion(version); }
+  bool getPlcVersion(RWClassicCString& version) const override { return self().getVersion(version); }
+  bool hasElement() const override { return static_cast<bool>(self().getXmlNode()); }
 };

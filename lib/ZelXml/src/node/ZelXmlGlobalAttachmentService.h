@@ -25,3 +25,14 @@ class ZelXmlGlobalAttachmentService {
 
   ZelXmlNode* owner_;
 };
+
+// A node that can be attached to another object.
+template <class Base>
+class ZelXmlAttachableNode : public Base {
+ public:
+  ZelXmlGlobalAttachmentService& globalAttachment() { return attachment_; }
+  const ZelXmlGlobalAttachmentService& globalAttachment() const { return attachment_; }
+
+ private:
+  ZelXmlGlobalAttachmentService attachment_{this};
+};

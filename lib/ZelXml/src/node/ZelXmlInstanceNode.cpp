@@ -20,7 +20,7 @@ bool ZelXmlInstanceNode::getDisplayElement(IXMLDOMNode& element) const {
   return true;
 }
 
-bool ZelXmlInstanceNode::getPrototypeId(ApiPmId& id) const {
+bool ZelXmlInstanceNode::readPrototypeId(ApiPmId& id) const {
   std::string text;
   if ((!zelXmlGetString(getXmlNode(), "prototype", text) || !zelXmlIsReference(text)) &&
       (!zelXmlGetString(getXmlNode(), "masterObj", text) || !zelXmlIsReference(text))) {
@@ -35,18 +35,18 @@ bool ZelXmlInstanceNode::getPrototypeId(ApiPmId& id) const {
   return true;
 }
 
-bool ZelXmlInstanceNode::setPrototypeId(const ApiPmDocument& prototype) {
+bool ZelXmlInstanceNode::writePrototypeId(const ApiPmDocument& prototype) {
   IXMLDOMNode field;
   std::string buffer;
   return zelXmlSelectChild(getXmlNode(), "prototype", field) && field.textView(buffer).empty() &&
          zelXmlSetText(field, prototype.id.text()) && zelXmlPublishField(outDocument(), field);
 }
 
-bool ZelXmlInstanceNode::getHumanLoadData(RWClassicWString& data) const {
+bool ZelXmlInstanceNode::readHumanLoadData(RWClassicWString& data) const {
   return zelXmlGetWideString(getXmlNode(), "humanLoadData", data);
 }
 
-bool ZelXmlInstanceNode::setHumanLoadData(const RWClassicWString& data) {
+bool ZelXmlInstanceNode::writeHumanLoadData(const RWClassicWString& data) {
   IXMLDOMNode field;
   return zelXmlEnsureChild(document(), getXmlNode(), "humanLoadData", field) &&
          zelXmlSetWideText(field, data) && zelXmlPublishUpdate(outDocument(), getXmlNode());

@@ -11,30 +11,26 @@ class ZelXmlInstanceNode : public ZelXmlNode {
   bool getDataElement(IXMLDOMNode& element) const override;
   bool getDisplayElement(IXMLDOMNode& element) const override;
 
-  bool getPrototypeId(ApiPmId& id) const;
-  bool setPrototypeId(const ApiPmDocument& prototype);
-  bool getHumanLoadData(RWClassicWString& data) const;
-  bool setHumanLoadData(const RWClassicWString& data);
+  bool readPrototypeId(ApiPmId& id) const;
+  bool writePrototypeId(const ApiPmDocument& prototype);
+  bool readHumanLoadData(RWClassicWString& data) const;
+  bool writeHumanLoadData(const RWClassicWString& data);
 };
 
 template <class Self>
-class ZelXmlFace<ZelInstance, Self> : public ZelInstance {
+class ZelXmlFace<ZelInstance, Self> : public ZelXmlSharedFace<ZelInstance, Self> {
+  using ZelXmlSharedFace<ZelInstance, Self>::self;
+
  public:
-  bool getPrototypeId(ApiPmId& id) const override {
-    return static_cast<const ZelXmlInstanceNode&>(static_cast<const Self&>(*this)).getPrototypeId(id);
-  }
-  bool setPrototypeId(const ApiPmDocument& prototype) override {
-    return static_cast<ZelXmlInstanceNode&>(static_cast<Self&>(*this)).setPrototypeId(prototype);
-  }
+  bool getPrototypeId(ApiPmId& id) const override { return self().readPrototypeId(id); }
+  bool setPrototypeId(const ApiPmDocument& prototype) override { return self().writePrototypeId(prototype); }
 };
 
 template <class Self>
-class ZelXmlFace<ZelVorInstance, Self> : public ZelVorInstance {
+class ZelXmlFace<ZelVorInstance, Self> : public ZelXmlSharedFace<ZelVorInstance, Self> {
+  using ZelXmlSharedFace<ZelVorInstance, Self>::self;
+
  public:
-  bool setHumanLoadData(const RWClassicWString& data) override {
-    return static_cast<ZelXmlInstanceNode&>(static_cast<Self&>(*this)).setHumanLoadData(data);
-  }
-  bool getHumanLoadData(RWClassicWString& data) const override {
-    return static_cast<const ZelXmlInstanceNode&>(static_cast<const Self&>(*this)).getHumanLoadData(data);
-  }
+  bool setHumanLoadData(const RWClassicWString& data) override { return self().writeHumanLoadData(data); }
+  bool getHumanLoadData(RWClassicWString& data) const override { return self().readHumanLoadData(data); }
 };

@@ -7,23 +7,30 @@
 #include "node/ZelXmlNewElements.h"
 #include "node/ZelXmlNodeHost.h"
 
-bool ZelXmlLabelNode::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
+bool ZelXmlLabel::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) {
   return getWrapper() && zelXmlCreateLabelElement(*getWrapper(), record, element);
 }
 
-bool ZelXmlLabelNode::getField(std::string_view field, RWClassicWString& text) const {
+bool ZelXmlLabel::getField(std::string_view field, RWClassicWString& text) const {
   return zelXmlGetWideString(getXmlNode(), field, text);
 }
 
-bool ZelXmlLabelNode::setField(std::string_view field, std::string_view text) {
+bool ZelXmlLabel::setField(std::string_view field, std::string_view text) {
   IXMLDOMNode node;
   return zelXmlSelectChild(getXmlNode(), field, node) && zelXmlSetWideText(node, text);
 }
 
-bool ZelXmlLabelNode::removeLabelElement() {
+bool ZelXmlLabel::getAssignedObjId(ApiPmId& id) const {
+  RWClassicWString text;
+  if (!getField("node", text)) return false;
+  id = ApiPmId(text);
+  return true;
+}
+
+bool ZelXmlLabel::removeLabelElement() {
   ApiPmId own;
   IXMLDOMNode section;
-  if (!getWrapper() || !getExternalId(own) || !zelXmlGetObjectsSection(document(), section) ||
+  if (!getWrapper() || !readId(own) || !zelXmlGetObjectsSection(document(), section) ||
       !getWrapper()->findNode(own) || !zelXmlRemoveChild(section, getXmlNode())) {
     return false;
   }

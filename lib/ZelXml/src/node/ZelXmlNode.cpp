@@ -25,49 +25,30 @@ bool ZelXmlNode::getDisplayElement(IXMLDOMNode& element) const {
 
 bool ZelXmlNode::addChild(ZelNode*) { return false; }
 
-bool ZelXmlNode::setXmlNode(const IXMLDOMNode& element) {
-  element_ = element;
-  return true;
-}
-
-IXMLDOMDocument ZelXmlNode::document() const {
-  return wrapper_ ? wrapper_->DOMDocument() : IXMLDOMDocument();
-}
-
-IXMLDOMDocument ZelXmlNode::outDocument() const {
-  return wrapper_ ? wrapper_->OUTDocument() : IXMLDOMDocument();
-}
-
 bool ZelXmlNode::referenced(std::string_view field, IXMLDOMNode& element) const {
   return zelXmlGetReferencedNode(document(), element_, field, element);
 }
 
-bool ZelXmlNode::getExternalId(ApiPmId& id) const {
-  if (id_.isNull()) return zelXmlGetExternalId(element_, id);
-  id = id_;
-  return true;
-}
+bool ZelXmlNode::readName(RWClassicWString& name) const { return zelXmlGetName(element_, name); }
 
-bool ZelXmlNode::getName(RWClassicWString& name) const { return zelXmlGetName(element_, name); }
-
-bool ZelXmlNode::setNameLocally(const RWClassicWString& name) {
+bool ZelXmlNode::writeNameLocally(const RWClassicWString& name) {
   IXMLDOMNode field;
   return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name);
 }
 
-bool ZelXmlNode::setName(const RWClassicWString& name) {
+bool ZelXmlNode::writeName(const RWClassicWString& name) {
   IXMLDOMNode field;
   return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name) &&
          zelXmlPublishField(outDocument(), field);
 }
 
-bool ZelXmlNode::getCaption(RWClassicWString& caption) const { return zelXmlGetCaption(element_, caption); }
+bool ZelXmlNode::readCaption(RWClassicWString& caption) const { return zelXmlGetCaption(element_, caption); }
 
-bool ZelXmlNode::getDescription(RWClassicWString& description) const {
+bool ZelXmlNode::readDescription(RWClassicWString& description) const {
   return zelXmlGetComment(element_, description);
 }
 
-bool ZelXmlNode::setDescription(const RWClassicWString& description) {
+bool ZelXmlNode::writeDescription(const RWClassicWString& description) {
   IXMLDOMNode field;
   if (zelXmlSelectChild(element_, "comment", field)) {
     return zelXmlSetWideText(field, description) && zelXmlPublishField(outDocument(), field);
@@ -81,18 +62,18 @@ bool ZelXmlNode::setDescription(const RWClassicWString& description) {
   return zelXmlPublishField(outDocument(), field);
 }
 
-bool ZelXmlNode::getStringType(RWClassicWString& type) const { return zelXmlGetNodeName(element_, type); }
+bool ZelXmlNode::readStringType(RWClassicWString& type) const { return zelXmlGetNodeName(element_, type); }
 
-bool ZelXmlNode::getDisplayStringType(RWClassicWString& type) const {
+bool ZelXmlNode::readDisplayStringType(RWClassicWString& type) const {
   IXMLDOMNode element;
   return getDisplayElement(element) && zelXmlGetNodeName(element, type);
 }
 
-bool ZelXmlNode::getSolvaneName(RWClassicWString& name) const {
+bool ZelXmlNode::readSolvaneName(RWClassicWString& name) const {
   return zelXmlGetWideString(element_, "SolvaneName", name);
 }
 
-bool ZelXmlNode::getInternalId(ApiPmInternalId& id) const {
+bool ZelXmlNode::readInternalId(ApiPmInternalId& id) const {
   IXMLDOMNode field;
   long number = 0;
   if (!zelXmlSelectChild(element_, "NodeInfo/Id", field) || !zelXmlGetLongText(field, number)) return false;
@@ -100,7 +81,7 @@ bool ZelXmlNode::getInternalId(ApiPmInternalId& id) const {
   return true;
 }
 
-bool ZelXmlNode::getLabels(ApiPmIdList& ids) const { return zelXmlGetLabelIds(element_, ids); }
+bool ZelXmlNode::readLabels(ApiPmIdList& ids) const { return zelXmlGetLabelIds(element_, ids); }
 
 bool ZelXmlNode::getThreeDRep(IXMLDOMNode& rep) const { return referenced("threeDRep", rep); }
 
@@ -114,14 +95,24 @@ bool ZelXmlNode::getOrCreateThreeDRep(IXMLDOMNode& rep) {
              : zelXmlAddChildWithText(document(), element_, "threeDRep", id);
 }
 
-bool ZelXmlNode::getParentId(ApiPmId& id) const {
-  ApiPmId own;
-  return wrapper_ && getExternalId(own) && wrapper_->relevantParentFinder().findRelevantParent(own, id);
+bool ZelXmlNode::readThreeDRepPath(RWClassicWString& path) const {
+  IXMLDOMNode rep;
+  return getThreeDRep(rep) && zelXmlGetThreeDRepPath(document(), rep, path);
 }
 
-ZelNode* ZelXmlNode::getParent() const {
+bool ZelXmlNode::writeThreeDRepPath(const RWClassicWString& path) {
+  IXMLDOMNode rep;
+  return getOrCreateThreeDRep(rep) && zelXmlSetThreeDRepPath(document(), rep, path);
+}
+
+bool ZelXmlNode::readParentId(ApiPmId& id) const {
+  ApiPmId own;
+  return wrapper_ && readId(own) && wrapper_->relevantParentFinder().findRelevantParent(own, id);
+}
+
+ZelNode* ZelXmlNode::shownParent() const {
   ApiPmId parent;
-  return getParentId(parent) ? wrapper_->getZelNodeFromId(parent) : nullptr;
+  return readShownParentId(parent) ? wrapper_->getZelNodeFromId(parent) : nullptr;
 }
 
 bool ZelXmlNode::replaceElement(const IXMLDOMNode& replacement) {
@@ -141,7 +132,7 @@ bool ZelXmlNode::validateRelevantParent() {
   ApiPmId own;
   ApiPmId parent;
   ApiPmIdList parents;
-  if (!getExternalId(own) || !getParentId(parent) || !zelXmlGetParentItemIds(element_, parents)) return true;
+  if (!readId(own) || !readParentId(parent) || !zelXmlGetParentItemIds(element_, parents)) return true;
   if (parents.contains(parent)) return true;
   // An empty item names no parent: as one it would hide the object from roots and tree.
   const auto first =

@@ -1,13 +1,8 @@
 #pragma once
 
-#include "api/ApiPmIds.h"
-#include "dom/IXMLDOMElement.h"
-#include "rt/RTPool.h"
+#include "node/ZelXmlElementNode.h"
 #include "rt/RTTran3D.h"
-#include "zel/ZelNode.h"
 #include "zel/ZelVorLabel.h"
-
-class ZelXmlNodeHost;
 
 // What a new object is made from. An empty class name takes that of the type.
 struct ZelXmlCreationRecord {
@@ -16,22 +11,14 @@ struct ZelXmlCreationRecord {
   ApiPmId id;
 };
 
-// What all node classes have in common: the tie of a node object to one object element of the study document.
-// A concrete class derives from the interfaces that it serves and from this class or one derived from it.
-//
-// A node is an element handle, a wrapper and an id. It keeps no field: reads and writes go to the element,
-// and each write is published to the OUT document in the same call. Other objects are resolved by id at each
-// use. A node whose element is null (never given, or gone) answers false to everything.
+// What all node classes of objects have in common: the tie of a node to one object element of the study
+// document. A concrete class derives from the interfaces that it serves and from this class or one derived
+// from it. Each write is published to the OUT document in the same call.
 //
 // Operations answer false at the first step that fails; the steps before it stand. A publication that fails
 // makes the answer false with the study document already changed.
-class ZelXmlNode : public RTPooled {
+class ZelXmlNode : public ZelXmlElementNode {
  public:
-  ZelXmlNode() = default;
-  ZelXmlNode(const ZelXmlNode&) = delete;
-  ZelXmlNode& operator=(const ZelXmlNode&) = delete;
-
-  virtual ~ZelXmlNode() = default;
   // Makes, places in the objects section and publishes the element of a new object. True with a null element
   // for a class that makes none.
   virtual bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element);
@@ -40,15 +27,9 @@ class ZelXmlNode : public RTPooled {
   virtual bool deleteNode();
   // The element that holds the data of the object: its own, for an instance that of its prototype.
   virtual bool getDataElement(IXMLDOMNode& element) const;
-  virtual bool addLabel(const ApiPmId& id, const ZelVorLabelData& data);
+  virtual bool createLabel(const ApiPmId& id, const ZelVorLabelData& data);
   virtual bool removeLabel(const ApiPmId& id);
-  virtual bool updateLabel(const ApiPmId& id, const ZelVorLabelData& data);
-  // The object as callers hold it.
-  virtual ZelNode* pmNode() = 0;
-  virtual ZelNodeType zelType() const = 0;
-  // Make, and take away, the nodes of the PLC elements inside this object.
-  virtual bool createSubnodes() { return true; }
-  virtual bool removeRequisites() { return true; }
+  virtual bool writeLabel(const ApiPmId& id, const ZelVorLabelData& data);
   // After the element was replaced: if the parent that counts is no longer among `parents`, the first of them
   // takes its place.
   virtual bool validateRelevantParent();
@@ -56,53 +37,51 @@ class ZelXmlNode : public RTPooled {
   virtual bool getDisplayElement(IXMLDOMNode& element) const;
   // Enters a child that the document has elsewhere already; false for nodes that are no collections.
   virtual bool addChild(ZelNode* child);
-
-  const IXMLDOMNode& getXmlNode() const { return element_; }
-  bool setXmlNode(const IXMLDOMNode& element);
-  ZelXmlNodeHost* getWrapper() const { return wrapper_; }
-  void setWrapper(ZelXmlNodeHost* wrapper) { wrapper_ = wrapper; }
-  void setId(const ApiPmId& id) { id_ = id; }
-  const ZelNode* pmNode() const { return const_cast<ZelXmlNode*>(this)->pmNode(); }
+  // The parent that callers are told of: the one that counts, if the class has one to tell.
+  virtual bool readShownParentId(ApiPmId& id) const { return readParentId(id); }
+  ZelNode* shownParent() const;
 
   // Field access. Getters are false, and leave the result alone, without the field.
-  bool getExternalId(ApiPmId& id) const;
-  bool getName(RWClassicWString& name) const;
-  bool setName(const RWClassicWString& name);
-  bool setNameLocally(const RWClassicWString& name);
-  bool getCaption(RWClassicWString& caption) const;
-  bool getDescription(RWClassicWString& description) const;
-  bool setDescription(const RWClassicWString& description);
-  bool getStringType(RWClassicWString& type) const;
-  bool getDisplayStringType(RWClassicWString& type) const;
-  bool getSolvaneName(RWClassicWString& name) const;
-  bool getInternalId(ApiPmInternalId& id) const;
-  bool getLabels(ApiPmIdList& ids) const;
+  bool readName(RWClassicWString& name) const;
+  bool writeName(const RWClassicWString& name);
+  bool writeNameLocally(const RWClassicWString& name);
+  bool readCaption(RWClassicWString& caption) const;
+  bool readDescription(RWClassicWString& description) const;
+  bool writeDescription(const RWClassicWString& description);
+  bool readStringType(RWClassicWString& type) const;
+  bool readDisplayStringType(RWClassicWString& type) const;
+  bool readSolvaneName(RWClassicWString& name) const;
+  bool readInternalId(ApiPmInternalId& id) const;
+  bool readLabels(ApiPmIdList& ids) const;
   bool getThreeDRep(IXMLDOMNode& rep) const;
   // Makes the 3D representation object, and the reference to it, where there is none.
   bool getOrCreateThreeDRep(IXMLDOMNode& rep);
+  // Path of the 3D representation; writing makes the representation where there is none, and publishes
+  // nothing.
+  bool readThreeDRepPath(RWClassicWString& path) const;
+  bool writeThreeDRepPath(const RWClassicWString& path);
 
   // The parent that counts.
-  bool getParentId(ApiPmId& id) const;
-  ZelNode* getParent() const;
+  bool readParentId(ApiPmId& id) const;
 
   // Placement: in the study for an object with a shortcut, in the parent for a child, else absolute.
-  bool getLocation(RTTran3D& location) const;
-  bool setLocation(const RTTran3D& location);
-  bool getAbsoluteLocation(RTTran3D& location) const;
+  bool readLocation(RTTran3D& location) const;
+  bool writeLocation(const RTTran3D& location);
+  bool readAbsoluteLocation(RTTran3D& location) const;
 
   // PLC data, group `plcInfo`, of the types that have it.
   static bool hasPlcData(ZelNodeType type);
-  bool getPlcInfo(IXMLDOMNode& info) const;
+  bool getPlcInfo(IXMLDOMNode& info) const override;
   // Makes the group where there is none, with the own id as its origin. On a type without PLC data the first
   // appends a new group at each call; the second makes none where one is.
-  bool getOrCreatePlcInfo(IXMLDOMNode& info);
+  bool getOrCreatePlcInfo(IXMLDOMNode& info) override;
   bool ensurePlcInfo(IXMLDOMNode& info);
   bool setOriginalId();
   bool isOriginal(bool& original) const;
   bool getVersion(RWClassicWString& version) const;
   bool setVersion(const RWClassicWString& version);
-  bool getRobotSetupTime(double& seconds) const;
-  bool setRobotSetupTime(double seconds);
+  bool readRobotSetupTime(double& seconds) const;
+  bool writeRobotSetupTime(double seconds);
   bool removePlcData();
   bool publishPlcData();
 
@@ -125,11 +104,9 @@ class ZelXmlNode : public RTPooled {
   bool replaceElement(const IXMLDOMNode& replacement);
   bool updateElement(const IXMLDOMNode& replacement);
   // As removeLabel, without publication.
-  bool removeLabelLocally(const ApiPmId& id);
+  bool dropLabel(const ApiPmId& id);
 
  protected:
-  IXMLDOMDocument document() const;     // the study document
-  IXMLDOMDocument outDocument() const;  // null while nothing is published
   // Field of the own element that names another object, resolved.
   bool referenced(std::string_view field, IXMLDOMNode& element) const;
   bool getStudyLayout(const ApiPmId& shortcut, IXMLDOMNode& layout) const;
@@ -137,10 +114,6 @@ class ZelXmlNode : public RTPooled {
  private:
   bool addLabelItem(const ApiPmId& id);
   bool removeLabelItem(const ApiPmId& id);
-
-  IXMLDOMNode element_;
-  ZelXmlNodeHost* wrapper_ = nullptr;
-  ApiPmId id_;
 };
 
 // Class name and family value of a new element.
@@ -149,6 +122,6 @@ bool zelXmlFamilyFromType(const ZelXmlCreationRecord& record, RWClassicWString& 
 // Families whose objects a study is made of: Product, Resource, Study and PLCProgram.
 bool zelXmlIsMainFamily(std::string_view family);
 
-// The ZelXmlNode part of a node; null for null and for PLC internal nodes.
+// The ZelXmlNode part of a node; null for null and for a node that is no object.
 ZelXmlNode* zelXmlNodeOf(ZelNode* node);
 const ZelXmlNode* zelXmlNodeOf(const ZelNode* node);

@@ -9,7 +9,7 @@
 
 // Labels of an object: the list `labels`, and the label objects that it names.
 
-bool ZelXmlNode::addLabel(const ApiPmId& id, const ZelVorLabelData&) {
+bool ZelXmlNode::createLabel(const ApiPmId& id, const ZelVorLabelData&) {
   if (!wrapper_ || !element_) return false;
   std::unique_ptr<ZelXmlNode> label(ZelXmlNodeFactory::the().create(ZEL_LABEL));
   if (!label) return false;
@@ -51,7 +51,7 @@ bool ZelXmlNode::removeLabel(const ApiPmId& label) {
   return true;
 }
 
-bool ZelXmlNode::removeLabelLocally(const ApiPmId& label) {
+bool ZelXmlNode::dropLabel(const ApiPmId& label) {
   const ApiPmId id = label;
   if (!wrapper_ || !removeLabelItem(id)) return false;
   ZelXmlNode* node = wrapper_->zelXmlNodeFromId(id);
@@ -60,7 +60,7 @@ bool ZelXmlNode::removeLabelLocally(const ApiPmId& label) {
   return true;
 }
 
-bool ZelXmlNode::updateLabel(const ApiPmId& id, const ZelVorLabelData& data) {
+bool ZelXmlNode::writeLabel(const ApiPmId& id, const ZelVorLabelData& data) {
   ZelNode* node = wrapper_ ? wrapper_->getZelNodeFromId(id) : nullptr;
   auto* label = zelQuery<ZelVorLabel>(node);
   auto* placed = zelQuery<ZelPhysical>(node);

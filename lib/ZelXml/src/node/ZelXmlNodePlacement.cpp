@@ -10,39 +10,39 @@ bool ZelXmlNode::getStudyLayout(const ApiPmId& shortcut, IXMLDOMNode& layout) co
          zelXmlGetReferencedNode(document(), info, "layout", layout);
 }
 
-bool ZelXmlNode::getLocation(RTTran3D& location) const {
+bool ZelXmlNode::readLocation(RTTran3D& location) const {
   ApiPmId own;
   ApiPmId shortcut;
-  if (!wrapper_ || !getExternalId(own)) return false;
+  if (!wrapper_ || !readId(own)) return false;
   IXMLDOMNode layout;
   if (wrapper_->shortcutFinder().findShortcut(own, shortcut)) {
     return getStudyLayout(shortcut, layout) && zelXmlGetLayoutTransform(layout, location);
   }
   if (!referenced("layout", layout)) return false;
   ApiPmId parentId;
-  const ZelXmlNode* parent = getParentId(parentId) ? wrapper_->zelXmlNodeFromId(parentId) : nullptr;
+  const ZelXmlNode* parent = readParentId(parentId) ? wrapper_->zelXmlNodeFromId(parentId) : nullptr;
   if (!parent) return zelXmlGetAbsoluteLocation(layout, location);
   IXMLDOMNode parentLayout;
   return parent->referenced("layout", parentLayout) &&
          zelXmlGetRelativeTransform(layout, parentLayout, location);
 }
 
-bool ZelXmlNode::setLocation(const RTTran3D& location) {
+bool ZelXmlNode::writeLocation(const RTTran3D& location) {
   ApiPmId own;
   ApiPmId shortcut;
-  if (!wrapper_ || !getExternalId(own)) return false;
+  if (!wrapper_ || !readId(own)) return false;
   IXMLDOMNode layout;
   if (wrapper_->shortcutFinder().findShortcut(own, shortcut)) {
     return getStudyLayout(shortcut, layout) && zelXmlSetLayoutTransform(layout, location) &&
            zelXmlPublishUpdate(outDocument(), layout);
   }
   RTTran3D current;
-  return getLocation(current) && referenced("layout", layout) &&
+  return readLocation(current) && referenced("layout", layout) &&
          zelXmlMoveLayout(document(), layout, current.inverse() * location) &&
          zelXmlPublishUpdate(outDocument(), layout);
 }
 
-bool ZelXmlNode::getAbsoluteLocation(RTTran3D& location) const {
+bool ZelXmlNode::readAbsoluteLocation(RTTran3D& location) const {
   IXMLDOMNode layout;
   return referenced("layout", layout) && zelXmlGetAbsoluteLocation(layout, location);
 }

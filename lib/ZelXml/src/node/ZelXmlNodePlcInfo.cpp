@@ -26,13 +26,13 @@ bool ZelXmlNode::ensurePlcInfo(IXMLDOMNode& info) {
 bool ZelXmlNode::setOriginalId() {
   ApiPmId own;
   IXMLDOMNode info;
-  return getExternalId(own) && zelXmlSelectChild(element_, "plcInfo", info) &&
+  return readId(own) && zelXmlSelectChild(element_, "plcInfo", info) &&
          zelXmlAddWideString(info, "OriginalId", own.text());
 }
 
 bool ZelXmlNode::isOriginal(bool& original) const {
   ApiPmId own;
-  if (!getExternalId(own)) return false;
+  if (!readId(own)) return false;
   IXMLDOMNode info;
   std::string origin;
   original = !getPlcInfo(info) || !zelXmlGetWideString(info, "OriginalId", origin) || origin == own.text();
@@ -50,12 +50,12 @@ bool ZelXmlNode::setVersion(const RWClassicWString& version) {
          zelXmlAddChildWithText(document(), info, "version", version);
 }
 
-bool ZelXmlNode::getRobotSetupTime(double& seconds) const {
+bool ZelXmlNode::readRobotSetupTime(double& seconds) const {
   IXMLDOMNode info;
   return getPlcInfo(info) && zelXmlGetDouble(info, "robotSetupTime", seconds);
 }
 
-bool ZelXmlNode::setRobotSetupTime(double seconds) {
+bool ZelXmlNode::writeRobotSetupTime(double seconds) {
   IXMLDOMNode info;
   return hasPlcData(zelType()) && ensurePlcInfo(info) && zelXmlAddDouble(info, "robotSetupTime", seconds);
 }

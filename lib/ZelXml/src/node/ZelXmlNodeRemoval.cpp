@@ -7,7 +7,7 @@
 
 bool ZelXmlNode::deleteNode() {
   ApiPmId own;
-  if (!wrapper_ || !getExternalId(own)) return false;
+  if (!wrapper_ || !readId(own)) return false;
   bool left = true;
   ApiPmId shortcut;
   if (wrapper_->shortcutFinder().findShortcut(own, shortcut)) {
@@ -25,7 +25,7 @@ bool ZelXmlNode::removeElement() {
   IXMLDOMNodeList parents;
   if (!zelXmlSelectChildren(element_, "parents/item", parents)) return false;
   ApiPmId relevant;
-  const bool hasRelevant = getParentId(relevant);
+  const bool hasRelevant = readParentId(relevant);
   ApiPmXmlCachedDocument& cached = wrapper_->cachedDOMDocument();
   if (parents.length() > 1) {
     return hasRelevant && zelXmlRemoveParentItem(element_, outDocument(), relevant);
@@ -46,7 +46,7 @@ bool ZelXmlNode::removeSharing() {
   if (!element_) return false;
   if (!zelXmlFindItemAt(element_, "parents", 1, second)) return true;  // as nearly always
   if (!zelXmlGetParentItemIds(element_, parents)) return false;
-  if (parents.entries() < 2 || !getExternalId(own) || !getParentId(relevant)) return true;
+  if (parents.entries() < 2 || !readId(own) || !readParentId(relevant)) return true;
 
   for (const ApiPmId& parent : parents) {
     if (parent == relevant) continue;

@@ -8,11 +8,6 @@ bool ZelXmlPlaceholderNode::createXmlElement(const ZelXmlCreationRecord& record,
   return getWrapper() && zelXmlAddInstanceFields(*getWrapper(), record, element);
 }
 
-bool ZelXmlPlaceholderNode::getDocument(ApiPmDocument& result) const {
+bool ZelXmlPlaceholderNode::readDocument(ApiPmDocument& result) const {
   return zelXmlGetExternalId(getXmlNode(), result.id);
-}
-
-bool ZelXmlPlaceholderNode::getThreeDRepPath(ApiFullPathDocument& path) const {
-  IXMLDOMNode rep;
-  return getThreeDRep(rep) && zelXmlGetThreeDRepPath(document(), rep, path.path);
 }

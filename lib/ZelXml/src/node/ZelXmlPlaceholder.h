@@ -9,28 +9,17 @@ class ZelXmlPlaceholderNode : public ZelXmlNode {
   // Adds the fields of an instance to `element`; false for a null element and for a class without family.
   bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) override;
 
-  bool getDocument(ApiPmDocument& document) const;
-  bool getThreeDRepPath(ApiFullPathDocument& path) const;
+  bool readDocument(ApiPmDocument& document) const;
 };
 
 template <class Self>
-class ZelXmlFace<ZelVorPlaceholder, Self> : public ZelVorPlaceholder {
- public:
-  bool getDocument(ApiPmDocument& document) const override { return node().getDocument(document); }
-  bool getThreeDRepPath(ApiFullPathDocument& path) const override { return node().getThreeDRepPath(path); }
+class ZelXmlFace<ZelVorPlaceholder, Self> : public ZelXmlSharedFace<ZelVorPlaceholder, Self> {
+  using ZelXmlSharedFace<ZelVorPlaceholder, Self>::self;
 
- private:
-  const ZelXmlPlaceholderNode& node() const { return static_cast<const Self&>(*this); }
-};
-
-template <class Self>
-class ZelXmlFace<ZelVorResourcePlaceholder, Self> : public ZelVorResourcePlaceholder {
  public:
-  bool setRobotSetupTime(double seconds) override {
-    return static_cast<ZelXmlNode&>(static_cast<Self&>(*this)).setRobotSetupTime(seconds);
-  }
-  bool getRobotSetupTime(double& seconds) const override {
-    return static_cast<const ZelXmlNode&>(static_cast<const Self&>(*this)).getRobotSetupTime(seconds);
+  bool getDocument(ApiPmDocument& document) const override { return self().readDocument(document); }
+  bool getThreeDRepPath(ApiFullPathDocument& path) const override {
+    return self().readThreeDRepPath(path.path);
   }
 };
 
@@ -41,4 +30,8 @@ class ZelXmlPartPlaceholder final
 class ZelXmlResourcePlaceholder final
     : public ZelXmlConcreteNode<ZelXmlResourcePlaceholder, ZelXmlPlaceholderNode, ZEL_RESOURCE_PLACEHOLDER,
                                 ZelVorNode, ZelPhysical, ZelVorPlaceholder, ZelVorLabelsContainer,
-                                ZelPlcResourceInstance, ZelVorResourcePlaceholder> {};
+                                ZelPlcResourceInstance, ZelVorResourcePlaceholder> {
+ public:
+  bool setRobotSetupTime(double seconds) override { return writeRobotSetupTime(seconds); }
+  bool getRobotSetupTime(double& seconds) const override { return readRobotSetupTime(seconds); }
+};

@@ -5,8 +5,9 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNodeHost.h"
 
-bool ZelXmlFace<ZelVorLabelsContainer, ZelXmlProcessAssembly>::getLabels(ApiPmIdList& ids) const {
-  return static_cast<const ZelXmlNode&>(static_cast<const ZelXmlProcessAssembly&>(*this)).getLabels(ids);
+bool ZelXmlProcessAssembly::getOperation(ApiPmId& operation) const {
+  ApiPmId own;
+  return readId(own) && getOperationFromProcessAssembly(own, operation);
 }
 
 bool ZelXmlProcessAssembly::getLocation(RTTran3D& location) const {
@@ -14,7 +15,7 @@ bool ZelXmlProcessAssembly::getLocation(RTTran3D& location) const {
   ApiPmId shortcut;
   if (getWrapper() && zelXmlGetExternalId(getXmlNode(), own) &&
       getWrapper()->shortcutFinder().findShortcut(own, shortcut)) {
-    return ZelXmlNode::getLocation(location);
+    return readLocation(location);
   }
   location = RTTran3D::unit;
   return true;

@@ -15,10 +15,6 @@ ZelNode* zelXmlNodeOfShortcut(ZelXmlNodeHost& wrapper, const IXMLDOMNode& shortc
              : nullptr;
 }
 
-bool ZelXmlFace<ZelVorCollection, ZelXmlStudy>::removeChildLocally(const ApiPmId& id) {
-  return static_cast<ZelXmlStudy&>(*this).removeShownObjectLocally(id);
-}
-
 bool ZelXmlStudy::getLocation(RTTran3D& location) const {
   location = RTTran3D::unit;
   return true;
@@ -26,24 +22,19 @@ bool ZelXmlStudy::getLocation(RTTran3D& location) const {
 
 ZelNode* ZelXmlStudy::createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) {
   ZelNode* child = nullptr;
-  if (!createChild({type, className, id}, child)) return nullptr;
+  if (!collectionService().createChild({type, className, id}, child)) return nullptr;
+  const ZelXmlNode* node = zelXmlNodeOf(child);
+  if (!node || !zelXmlPublishUpdate(outDocument(), node->getXmlNode())) return nullptr;
   addExistingChild(child);  // a child that cannot be shown exists all the same
   return child;
 }
 
-bool ZelXmlStudyNode::createChild(const ZelXmlCreationRecord& record, ZelNode*& child) {
-  if (!collectionService().createChild(record, child)) return false;
-  const ZelXmlNode* node = zelXmlNodeOf(child);
-  return node && zelXmlPublishUpdate(outDocument(), node->getXmlNode());
-}
-
-bool ZelXmlStudyNode::addExistingChild(ZelNode* child) {
+bool ZelXmlStudy::addExistingChild(ZelNode* child) {
   ZelXmlNodeHost* wrapper = getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId own;
   ApiPmId id;
-  if (!wrapper || !node || node == this || !getExternalId(own) ||
-      !zelXmlGetExternalId(node->getXmlNode(), id))
+  if (!wrapper || !node || node == this || !readId(own) || !zelXmlGetExternalId(node->getXmlNode(), id))
     return false;
   std::string name;
   if (!zelXmlGetName(node->getXmlNode(), name) || name.empty()) name = "PmShortcut";
@@ -58,12 +49,12 @@ bool ZelXmlStudyNode::addExistingChild(ZelNode* child) {
   return true;
 }
 
-bool ZelXmlStudyNode::moveChild(ZelNode* child) {
+bool ZelXmlStudy::moveChild(ZelNode* child) {
   ZelXmlNodeHost* wrapper = getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId parent;
-  if (!wrapper || !node || node == this || !node->getExternalId(id)) return false;
+  if (!wrapper || !node || node == this || !node->readId(id)) return false;
   if (wrapper->relevantParentFinder().findRelevantParent(id, parent) &&
       (!wrapper->getZelNodeFromId(parent) || !zelXmlDetachFromParent(*wrapper, node->getXmlNode(), parent))) {
     return false;
@@ -71,27 +62,27 @@ bool ZelXmlStudyNode::moveChild(ZelNode* child) {
   return addExistingChild(child);
 }
 
-bool ZelXmlStudyNode::findShortcutOf(const ZelNode* node, ApiPmId& shortcut) const {
+bool ZelXmlStudy::findShortcutOf(const ZelNode* node, ApiPmId& shortcut) const {
   ApiPmId id;
   return getWrapper() && node && node->getExternalId(id) &&
          getWrapper()->shortcutFinder().findShortcut(id, shortcut);
 }
 
-bool ZelXmlStudyNode::containsNode(const ZelNode* node) const {
+bool ZelXmlStudy::containsNode(const ZelNode* node) const {
   ApiPmId shortcutId;
   ApiPmId own;
   IXMLDOMNode shortcut;
   std::string parent;
   return findShortcutOf(node, shortcutId) && zelXmlFindNodeById(document(), shortcutId, shortcut) &&
-         zelXmlGetParentId(shortcut, parent) && getExternalId(own) && parent == own.text();
+         zelXmlGetParentId(shortcut, parent) && readId(own) && parent == own.text();
 }
 
-bool ZelXmlStudyNode::hasShortcutChild(const ZelNode* node) const {
+bool ZelXmlStudy::hasShortcutChild(const ZelNode* node) const {
   ApiPmId shortcut;
   return findShortcutOf(node, shortcut) && zelXmlContainsChild(getXmlNode(), shortcut);
 }
 
-bool ZelXmlStudyNode::getChildrenOfType(ZelNodeType type, ZelNodeList& nodes) const {
+bool ZelXmlStudy::getChildrenOfType(ZelNodeType type, ZelNodeList& nodes) const {
   ApiPmIdList ids;
   if (!getWrapper() || !zelXmlGetChildIds(getXmlNode(), ids)) return false;
   ZelNodeList found;
@@ -105,8 +96,15 @@ bool ZelXmlStudyNode::getChildrenOfType(ZelNodeType type, ZelNodeList& nodes) co
   return true;
 }
 
-ZelNode* ZelXmlStudyNode::createSubjectNode(const ApiPmId& id, ZelNodeType type,
-                                            ZelNode::InterfaceType face) {
+ZelNode* ZelXmlStudy::createOperationNode(const ApiPmId& id) {
+  return createSubjectNode(id, ZEL_OPERATION, ZelNode::Operation);
+}
+
+ZelNode* ZelXmlStudy::createFlowNode(const ApiPmId& id) {
+  return createSubjectNode(id, ZEL_FLOW, ZelNode::Link);
+}
+
+ZelNode* ZelXmlStudy::createSubjectNode(const ApiPmId& id, ZelNodeType type, ZelNode::InterfaceType face) {
   IXMLDOMNode element;
   if (!getWrapper() || !zelXmlFindNodeById(document(), id, element)) return nullptr;
   std::unique_ptr<ZelXmlNode> node(ZelXmlNodeFactory::the().create(type));
@@ -119,7 +117,7 @@ ZelNode* ZelXmlStudyNode::createSubjectNode(const ApiPmId& id, ZelNodeType type,
   return answer;
 }
 
-bool ZelXmlStudyNode::removeNodeShortcut(const ApiPmId& id) {
+bool ZelXmlStudy::removeNodeShortcut(const ApiPmId& id) {
   ApiPmId shortcut;
   if (!getWrapper() || !getWrapper()->shortcutFinder().findShortcut(id, shortcut)) return false;
   return zelXmlRemoveStudyShortcut(getWrapper()->cachedDOMDocument(), outDocument(),
@@ -127,7 +125,7 @@ bool ZelXmlStudyNode::removeNodeShortcut(const ApiPmId& id) {
          getWrapper()->shortcutFinder().removeNodeAndShortcut(id, shortcut);
 }
 
-bool ZelXmlStudyNode::removeChild(const ApiPmId& id) {
+bool ZelXmlStudy::removeChild(const ApiPmId& id) {
   ApiPmId shortcutId;
   IXMLDOMNode shortcut;
   if (!getWrapper() || !getWrapper()->shortcutFinder().findShortcut(id, shortcutId) ||
@@ -139,7 +137,7 @@ bool ZelXmlStudyNode::removeChild(const ApiPmId& id) {
   return node && node->deleteNode();
 }
 
-bool ZelXmlStudyNode::removeStudyInfo(const ApiPmId& shortcut) {
+bool ZelXmlStudy::removeStudyInfo(const ApiPmId& shortcut) {
   IXMLDOMNode infoItem;
   IXMLDOMNode childItem;
   IXMLDOMNode info;
@@ -155,7 +153,7 @@ bool ZelXmlStudyNode::removeStudyInfo(const ApiPmId& shortcut) {
          zelXmlRemoveCachedElement(cached, layout) && zelXmlRemoveItem(getXmlNode(), infoItem);
 }
 
-bool ZelXmlStudyNode::removeShownObjectLocally(const ApiPmId& shown) {
+bool ZelXmlStudy::removeChildLocally(const ApiPmId& shown) {
   const ApiPmId id = shown;
   ApiPmId shortcut;
   ZelXmlNodeHost* wrapper = getWrapper();
@@ -167,7 +165,7 @@ bool ZelXmlStudyNode::removeShownObjectLocally(const ApiPmId& shown) {
   return wrapper->refreshDeleteRoot(wrapper->getZelNodeFromId(id));
 }
 
-bool ZelXmlStudyNode::addShortcutInfo(ZelNode* node) {
+bool ZelXmlStudy::addShortcutInfo(ZelNode* node) {
   ApiPmId shortcutId;
   IXMLDOMNode shortcut;
   return findShortcutOf(node, shortcutId) && zelXmlFindNodeById(document(), shortcutId, shortcut) &&

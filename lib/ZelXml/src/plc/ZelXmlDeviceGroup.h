@@ -1,16 +1,9 @@
 #pragma once
 
-#include "node/ZelXmlCompoundPart.h"
+#include "node/ZelXmlCompoundNode.h"
 
 // A compound resource that groups devices.
-class ZelXmlDeviceGroupNode : public ZelXmlCollectionNode {
- public:
-  bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) override {
-    return getWrapper() && zelXmlCreateCompoundElement(*getWrapper(), record, element);
-  }
-};
-
 class ZelXmlDeviceGroup final
-    : public ZelXmlConcreteNode<ZelXmlDeviceGroup, ZelXmlDeviceGroupNode, ZEL_DEVICE_GROUP, ZelPhysical,
+    : public ZelXmlConcreteNode<ZelXmlDeviceGroup, ZelXmlCompoundNode, ZEL_DEVICE_GROUP, ZelPhysical,
                                 ZelCompoundResource, ZelCollection, ZelVorNode, ZelVorCollection,
                                 ZelVorCompoundResource, ZelVorLabelsContainer> {};

@@ -7,9 +7,7 @@
 class ZelXmlPlcK9Program final : public ZelXmlConcreteNode<ZelXmlPlcK9Program, ZelXmlNode, ZEL_PLC_PROGRAM> {
  public:
   bool getCaption(RWClassicWString&) const override { return false; }
-  const ZelNode* getParent() const override { return nullptr; }
-  ZelNode* getParent() override { return nullptr; }
-  bool getParentId(ApiPmId&) const override { return false; }
+  bool readShownParentId(ApiPmId&) const override { return false; }
   bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) override {
     return getWrapper() && zelXmlCreatePlainElement(*getWrapper(), record, element);
   }

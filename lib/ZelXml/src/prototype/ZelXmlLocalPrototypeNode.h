@@ -26,8 +26,8 @@ class ZelXmlLocalPrototypeNode final
   bool getDescription(RWClassicWString& description) const override { return copy({}, description); }
   bool setDescription(const RWClassicWString&) override { return false; }
 
-  bool getPrototypePath(RWClassicWString& path) const override { return copy(path_, path); }
-  bool setPrototypePath(const RWClassicWString& path) override { return copy(path, path_); }
+  bool readPrototypePath(RWClassicWString& path) const override { return copy(path_, path); }
+  bool writePrototypePath(const RWClassicWString& path) override { return copy(path, path_); }
 
  private:
   static bool copy(const RWClassicWString& value, RWClassicWString& result) {

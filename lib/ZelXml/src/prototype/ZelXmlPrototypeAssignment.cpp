@@ -3,14 +3,14 @@
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNodeHost.h"
 
-bool ZelXmlPrototypeAssignment::getPrototypeId(ApiPmId& id) const {
+bool ZelXmlPrototypeAssignment::readPrototypeId(ApiPmId& id) const {
   std::string text;
   if (!zelXmlGetString(getXmlNode(), "uses", text) || text == "NULL") return false;
   id = ApiPmId(text);
   return true;
 }
 
-ZelNode* ZelXmlPrototypeAssignment::getPrototype() const {
+ZelNode* ZelXmlPrototypeAssignment::prototypeNode() const {
   ApiPmId id;
-  return getWrapper() && getPrototypeId(id) ? getWrapper()->getZelNodeFromId(id) : nullptr;
+  return getWrapper() && readPrototypeId(id) ? getWrapper()->getZelNodeFromId(id) : nullptr;
 }

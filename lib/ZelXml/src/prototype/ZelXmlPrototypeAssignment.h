@@ -9,18 +9,17 @@ class ZelXmlPrototypeAssignment : public ZelXmlNode {
   // The element that `uses` refers to; false without one.
   bool getDisplayElement(IXMLDOMNode& element) const override { return referenced("uses", element); }
 
-  ZelNode* getPrototype() const;
-  bool getPrototypeId(ApiPmId& id) const;
+  ZelNode* prototypeNode() const;
+  bool readPrototypeId(ApiPmId& id) const;
 };
 
 template <class Self>
-class ZelXmlFace<ZelPrototypeAssignment, Self> : public ZelPrototypeAssignment {
- public:
-  ZelNode* getPrototype() const override { return node().getPrototype(); }
-  bool getPrototypeId(ApiPmId& id) const override { return node().getPrototypeId(id); }
+class ZelXmlFace<ZelPrototypeAssignment, Self> : public ZelXmlSharedFace<ZelPrototypeAssignment, Self> {
+  using ZelXmlSharedFace<ZelPrototypeAssignment, Self>::self;
 
- private:
-  const ZelXmlPrototypeAssignment& node() const { return static_cast<const Self&>(*this); }
+ public:
+  ZelNode* getPrototype() const override { return self().prototypeNode(); }
+  bool getPrototypeId(ApiPmId& id) const override { return self().readPrototypeId(id); }
 };
 
 template <class Self, ZelNodeType Type>

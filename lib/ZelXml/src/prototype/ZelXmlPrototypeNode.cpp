@@ -12,23 +12,13 @@ bool zelXmlFindJtFile(const RWClassicWString& directory, RWClassicWString& file)
   return true;
 }
 
-bool ZelXmlPrototypeNode::getPrototypePath(RWClassicWString& path) const {
-  IXMLDOMNode rep;
-  return getThreeDRep(rep) && zelXmlGetThreeDRepPath(document(), rep, path);
-}
-
-bool ZelXmlPrototypeNode::setPrototypePath(const RWClassicWString& path) {
-  IXMLDOMNode rep;
-  return getOrCreateThreeDRep(rep) && zelXmlSetThreeDRepPath(document(), rep, path);
-}
-
 bool ZelXmlPrototypeNode::getJtFile(RWClassicWString& file) const {
   file.clear();
   RWClassicWString directory;
-  return getPrototypePath(directory) && zelXmlFindJtFile(directory, file);
+  return readPrototypePath(directory) && zelXmlFindJtFile(directory, file);
 }
 
-bool ZelXmlPrototypeNode::getModificationTime(std::int64_t& time) const {
+bool ZelXmlPrototypeNode::readModificationTime(std::int64_t& time) const {
   bool known = true;
   if (modificationTime_ == 0) {
     RWClassicWString file;

@@ -12,16 +12,15 @@ bool zelXmlFindJtFile(const RWClassicWString& directory, RWClassicWString& file)
 // Prototypes: reusable definitions behind instances. They stand beside the tree.
 class ZelXmlPrototypeNode : public ZelXmlNode {
  public:
-  virtual bool getPrototypePath(RWClassicWString& path) const;
-  virtual bool setPrototypePath(const RWClassicWString& path);
+  virtual bool readPrototypePath(RWClassicWString& path) const { return readThreeDRepPath(path); }
+  virtual bool writePrototypePath(const RWClassicWString& path) { return writeThreeDRepPath(path); }
 
   // Callers are told of no parent, also where a list of children names the prototype.
-  static ZelNode* getParent() { return nullptr; }
-  static bool getParentId(ApiPmId&) { return false; }
+  bool readShownParentId(ApiPmId&) const override { return false; }
 
   // The `.jt` file in the directory of the prototype; empty in every case but a file that was found.
   bool getJtFile(RWClassicWString& file) const;
-  bool getModificationTime(std::int64_t& time) const;
+  bool readModificationTime(std::int64_t& time) const;
 
  private:
   // The one value that a node keeps, since reading it touches the disk twice. 0: not known yet.
@@ -31,17 +30,14 @@ class ZelXmlPrototypeNode : public ZelXmlNode {
 class ZelXmlResPrototypeBaseNode : public ZelXmlPrototypeNode {};
 
 template <class Self>
-class ZelXmlFace<ZelPrototype, Self> : public ZelPrototype {
- public:
-  bool getPrototypePath(RWClassicWString& path) const override { return node().getPrototypePath(path); }
-  bool setPrototypePath(const RWClassicWString& path) override {
-    return static_cast<ZelXmlPrototypeNode&>(static_cast<Self&>(*this)).setPrototypePath(path);
-  }
-  bool reserved() override { return false; }
-  bool getModificationTime(std::int64_t& time) const override { return node().getModificationTime(time); }
+class ZelXmlFace<ZelPrototype, Self> : public ZelXmlSharedFace<ZelPrototype, Self> {
+  using ZelXmlSharedFace<ZelPrototype, Self>::self;
 
- private:
-  const ZelXmlPrototypeNode& node() const { return static_cast<const Self&>(*this); }
+ public:
+  bool getPrototypePath(RWClassicWString& path) const override { return self().readPrototypePath(path); }
+  bool setPrototypePath(const RWClassicWString& path) override { return self().writePrototypePath(path); }
+  bool reserved() override { return false; }
+  bool getModificationTime(std::int64_t& time) const override { return self().readModificationTime(time); }
 };
 
 class ZelXmlPartPrototype final : public ZelXmlConcreteNode<ZelXmlPartPrototype, ZelXmlPrototypeNode,

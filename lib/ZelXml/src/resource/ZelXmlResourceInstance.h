@@ -4,14 +4,7 @@
 #include "node/ZelXmlInstanceNode.h"
 
 // A placed resource: tool, robot, device or conveyor, by what its element holds.
-class ZelXmlResInstanceBaseNode : public ZelXmlInstanceNode {
- public:
-  ZelXmlGlobalAttachmentService& globalAttachment() { return attachment_; }
-  const ZelXmlGlobalAttachmentService& globalAttachment() const { return attachment_; }
-
- private:
-  ZelXmlGlobalAttachmentService attachment_{this};
-};
+class ZelXmlResInstanceBaseNode : public ZelXmlAttachableNode<ZelXmlInstanceNode> {};
 
 // Interfaces that all resource instances serve.
 template <class Self, class Base, ZelNodeType Type, class... More>

@@ -54,7 +54,7 @@ bool ZelXmlWrapper::deleteNode(ApiPmId& given) {
   if (!xmlNode) return false;
   // The parent that counts, also for classes that tell callers of no parent.
   ApiPmId parentId;
-  if (xmlNode->getParentId(parentId)) {
+  if (xmlNode->readParentId(parentId)) {
     const ZelXmlNode* parent = zelXmlNodeFromId(parentId);
     if (parent && isCollection(parent->zelType()) &&
         !zelXmlRemoveChildAndPublish(outDocument_, parent->getXmlNode(), id)) {
@@ -86,7 +86,7 @@ bool ZelXmlWrapper::addRootFromOtherParent(ZelNode* node) {
   ZelXmlNode* xmlNode = zelXmlNodeOf(node);
   if (!xmlNode) return false;
   ApiPmId parentId;
-  const ZelXmlNode* parent = xmlNode->getParentId(parentId) ? zelXmlNodeFromId(parentId) : nullptr;
+  const ZelXmlNode* parent = xmlNode->readParentId(parentId) ? zelXmlNodeFromId(parentId) : nullptr;
   if (!parent) return true;
   if (!isCollection(parent->zelType()) || !zelXmlDetachFromParent(*this, xmlNode->getXmlNode(), parentId)) {
     return false;

@@ -30,7 +30,7 @@ bool ZelXmlWrapper::addChildLocally(ZelXmlNode& parent, ZelNode* child) {
 bool ZelXmlWrapper::refreshDeleteRoot(ZelNode* node) {
   const ZelXmlNode* xmlNode = zelXmlNodeOf(node);
   ApiPmId id;
-  if (!xmlNode || !roots_.contains(xmlNode->pmNode()) || !xmlNode->getExternalId(id)) return false;
+  if (!xmlNode || !roots_.contains(xmlNode->pmNode()) || !xmlNode->readId(id)) return false;
   ZelNode* study = getZelNodeFromId(ApiPmId(studyId_));
   const auto* shows = zelQuery<ZelVorStudy>(study);
   if (shows && shows->hasShortcutChild(node)) {
