@@ -18,3 +18,12 @@ class ZelReservedSlots<Base, First, First> : public Base {
  public:
   virtual bool reserved(ZelSlot<First>) { return false; }
 };
+
+// Where `Base` has such slots already, they stay visible.
+template <class Base, int First>
+requires requires(Base& base) { base.reserved(ZelSlot<First - 1>()); }
+class ZelReservedSlots<Base, First, First> : public Base {
+ public:
+  using Base::reserved;
+  virtual bool reserved(ZelSlot<First>) { return false; }
+};
