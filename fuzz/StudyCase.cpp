@@ -133,7 +133,7 @@ std::string runStudy(std::string_view study, std::string_view edits, bool loses)
       editAnyNode(open, {byte(0), byte(1), byte(2), byte(3)});
     }
     readAll(open);
-    zelstudy::checkStudy(document, true);
+    zelstudy::checkStudy(document, {.strict = true});
     saved = open.saved();
     if (saved.empty()) return "the study cannot be saved";
     written = document.xml();

@@ -36,6 +36,9 @@ class ApiPmClassTypeDataMgr {
   bool addClass(const ApiPmClassType& type);
   // Null for an unknown class. Good until the process ends.
   const ApiPmClassType* find(std::string_view className) const;
+  // The class that a name means which no class has: one that differs by a single letter, by two letters that
+  // changed places, or by the case of letters. Digits are never taken for slips. Null when there is none.
+  const ApiPmClassType* findMisspelt(std::string_view className) const;
 
  private:
   ApiPmClassTypeDataMgr();

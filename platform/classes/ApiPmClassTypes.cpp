@@ -1,9 +1,34 @@
 #include "api/ApiPmClassTypes.h"
 
+#include <algorithm>
 #include <deque>
 #include <unordered_map>
 
 #include "classes/ClassTable.h"
+
+namespace {
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Whether one name is the other but for one slip of a letter, or for the case.
+bool isSlip(std::string_view a, std::string_view b) {
+  if (std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); }))
+    return true;
+  while (!a.empty() && !b.empty() && a.front() == b.front()) {
+    a.remove_prefix(1);
+    b.remove_prefix(1);
+  }
+  while (!a.empty() && !b.empty() && a.back() == b.back()) {
+    a.remove_suffix(1);
+    b.remove_suffix(1);
+  }
+  if (std::any_of(a.begin(), a.end(), isDigit) || std::any_of(b.begin(), b.end(), isDigit)) return false;
+  const bool swapped = a.size() == 2 && b.size() == 2 && a[0] == b[1] && a[1] == b[0];
+  return (a.size() <= 1 && b.size() <= 1) || swapped;
+}
+
+}  // namespace
 
 struct ApiPmClassTypeDataMgr::Table {
   struct Row {
@@ -68,6 +93,15 @@ bool ApiPmClassTypeDataMgr::addClass(const ApiPmClassType& type) { return table_
 const ApiPmClassType* ApiPmClassTypeDataMgr::find(std::string_view className) const {
   const Table::Row* row = table_->find(className);
   return row ? &row->type : nullptr;
+}
+
+const ApiPmClassType* ApiPmClassTypeDataMgr::findMisspelt(std::string_view className) const {
+  for (const Table::Row& row : table_->rows) {
+    const std::string_view name = row.type.name;
+    if (name.size() + 1 < className.size() || className.size() + 1 < name.size()) continue;
+    if (name != className && isSlip(name, className)) return &row.type;
+  }
+  return nullptr;
 }
 
 ApiVorToolsClassTypesWrapper& ApiVorToolsClassTypesWrapper::the() {

@@ -36,6 +36,7 @@ inline constexpr Row table[] = {
     {"PmPartInstance", "PmPart", "", 201},
     {"PmCompoundPart", "PmPart", "", 202},
     {"PmDvProcessAssembly", "PmPart", "", 203},
+    {"PmPartPlaceholder", "PmPart", "", 204},
 
     // Resources.
     {"PmResource", "PmNode", "Resource", 300},
@@ -44,6 +45,7 @@ inline constexpr Row table[] = {
     {"DeviceGroup", "PmCompoundResource", "", 303},
     {"PmEquipmentInstance", "PmCompoundResource", "", 304},
     {"PmEquipmentPrototypeOccurrence", "PmToolInstance", "", 305},
+    {"PmResourcePlaceholder", "PmResource", "", 306},
     {"PmToolboxUsage", "PmNode", "PmToolboxUsage", 310},
 
     // Prototypes, their use, and the files behind them.

@@ -152,7 +152,9 @@ Node* adopt(Node* fresh, DocumentNode* owner) noexcept {
 }
 
 Node* rootOf(Node* node) noexcept {
-  while (node->parent != nullptr) node = node->parent;
+  std::uint64_t levels = 0;
+  for (; node->parent != nullptr; node = node->parent) ++levels;
+  work.levelsClimbed += levels;
   return node;
 }
 

@@ -1,4 +1,5 @@
 #include "DomTesting.h"
+#include "dom/DomView.h"
 
 using namespace domtest;
 
@@ -137,6 +138,46 @@ TEST_F(DomTree, EqualIsWhatIsWrittenAlike) {
     EXPECT_FALSE(a.isEqualNode(IXMLDOMNode()) || IXMLDOMNode().isEqualNode(a));
   }
   EXPECT_TRUE(document.isEqualNode(parsed(document.xml())));
+}
+
+// Names, attributes, texts and lines of a tree, as `Node` tells them.
+template <class Node>
+std::string told(const Node& node, const std::function<std::string(const Node&)>& attributes) {
+  std::string buffer, text = std::string(node.nodeName()) + attributes(node) + ":" +
+                             std::to_string(node.line()) + "=" + std::string(node.textView(buffer)) + "(";
+  for (Node child = node.firstElementChild(); child; child = child.nextElementSibling())
+    text += told<Node>(child, attributes);
+  return text + ")";
+}
+
+TEST_F(DomTree, AViewTellsWhatAHandleTells) {
+  const IXMLDOMDocument document =
+      parsed("<a x='1' y='2'>t<b>long text of an element</b>\n<!--c--><b/>u<c><d z=''/></c></a>");
+  const IXMLDOMElement top = document.documentElement();
+  const DomView view = top;
+  EXPECT_EQ(told<DomView>(view,
+                          [](const DomView& node) {
+                            std::string text;
+                            for (DomView each = node.firstAttribute(); each; each = each.nextSibling())
+                              text += "@" + std::string(each.nodeName()) + each.text();
+                            return text;
+                          }),
+            told<IXMLDOMElement>(top, [](const IXMLDOMElement& node) {
+              std::string text;
+              for (const IXMLDOMNode& each : node.attributes())
+                text += "@" + std::string(each.nodeName()) + each.nodeValue();
+              return text;
+            }));
+  std::vector<int> types;
+  for (DomView child = view.firstChild(); child; child = child.nextSibling())
+    types.push_back(child.nodeType());
+  EXPECT_EQ(types, (std::vector<int>{NODE_TEXT, NODE_ELEMENT, NODE_TEXT, NODE_COMMENT, NODE_ELEMENT,
+                                     NODE_TEXT, NODE_ELEMENT}));
+  std::string_view value;
+  EXPECT_TRUE(view.getAttribute("y", value) && value == "2" && !view.getAttribute("z", value));
+  EXPECT_TRUE(view.isEqualNode(top.cloneNode(true)) && !view.isEqualNode(view.firstElementChild()));
+  const DomView none;
+  EXPECT_TRUE(!none && !none.firstChild() && !none.nextElementSibling() && none.text().empty());
 }
 
 TEST_F(DomTree, AnElementTakesSoManyAttributes) {

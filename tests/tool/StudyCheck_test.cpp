@@ -1,9 +1,12 @@
 #include "zelstudy/StudyCheck.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "StudyText.h"
+#include "api/ApiPmClassTypes.h"
+#include "document/DocumentTest.h"
 #include "tool/ToolRun.h"
 
 namespace {
@@ -60,6 +63,7 @@ const std::vector<Case> cases = {
     {"id-duplicate", {{"\"O\"", "\"F\""}}, {"F"}, "ExternalId"},
     {"family-missing", {{familyOf("Operation"), ""}}, {"O"}, "family"},
     {"family-class", {{"<family>Operation", "<family>PmFlow"}}, {"O"}, "family"},
+    {"class-misspelt", {{"<PmOperation ", "<PmOperatoin "}, {"</PmOperation>", "</PmOperatoin>"}}, {"O"}, ""},
     {"number", {{"2.5", "2,5"}}, {"P"}, "weight"},
     {"number", {{"<x>11<", "<x>nan<"}}, {"LB"}, "NodeInfo/absoluteLocation"},
     {"number", {{"1._0._0._0._0._0.", "1._0._0._0._0."}}, {"L"}, "noteLocation"},
@@ -76,6 +80,12 @@ const std::vector<Case> cases = {
     {"child-without-parent", {{inB, "<parents/>"}}, {"A", "B"}, "children"},
     {"parent-without-child", {{childB, "<children/>"}}, {"B", "A"}, "parents"},
     {"parent-lost", {{inB, "<parents><item>A</item><item>Q</item></parents>"}}, {"B", "Q"}, "parents"},
+    {"resource-in-part",
+     {{"<PmPartInstance ", "<PmToolInstance "},
+      {"</PmPartInstance>", "</PmToolInstance>"},
+      {"</labels><NodeInfo><family>Product", "</labels><NodeInfo><family>Resource"}},
+     {"B", "A"},
+     "parents"},
     {"cycle",
      {{"<processResource>",
        "<children><item>O</item></children><parents><item>O</item></parents><processResource>"}},
@@ -92,6 +102,13 @@ const std::vector<Case> cases = {
      "node"},
     {"layout-parent", {{listsLB, ""}}, {"LB", "LA"}, "parent"},
     {"layout-children", {{parentLA, "<parent>NULL</parent>"}}, {"LA", "LB"}, "children"},
+    {"layout-also-listed",
+     {{inB, "<parents><item>A</item><item>C</item></parents>"},
+      {"<parents/><children/><layout>LC", "<parents/>" + childB + "<layout>LC"},
+      {"<children/><parent>NULL</parent><node>C",
+       "<children><item>LB</item></children><parent>NULL</parent><node>C"}},
+     {"LC", "LB", "LA"},
+     "children"},
     {"layout-detached", {{parentLA, "<parent>NULL</parent>"}, {listsLB, ""}}, {"LB", "B"}, "parent"},
     {"layout-cleared", {{parentLA, "<parent/>"}, {listsLB, ""}}, {"LB", "B"}, "parent"},
     {"layout-parent-lost", {{parentLA, "<parent>Q</parent>"}, {listsLB, ""}}, {"LB", "Q"}, "parent"},
@@ -127,12 +144,12 @@ std::vector<Finding> check(std::string_view text, bool strict) {
   const IXMLDOMDocument document = IXMLDOMDocument::create();
   DomError error;
   EXPECT_TRUE(document.loadXML(text, &error)) << error.message() << '\n' << text;
-  return zelstudy::checkStudy(document, strict);
+  return zelstudy::checkStudy(document, {.strict = strict}).findings;
 }
 
-const std::set<std::string> debris = {"layout-child-lost", "layout-cleared",     "layout-left",
-                                      "layout-orphan",     "layout-parent-lost", "parent-lost",
-                                      "reference-left",    "shortcut-unlisted"};
+const std::set<std::string> debris = {"layout-also-listed", "layout-child-lost", "layout-cleared",
+                                      "layout-left",        "layout-orphan",     "layout-parent-lost",
+                                      "parent-lost",        "reference-left",    "shortcut-unlisted"};
 
 TEST(StudyCheck, EveryRuleIsBrokenBySomethingThatBreaksNothingElse) {
   ASSERT_TRUE(check(healthy, true).empty()) << check(healthy, true)[0].text;
@@ -177,19 +194,118 @@ TEST(StudyCheck, LongCyclesAndDeepTreesAreWalked) {
   EXPECT_EQ(findings[0].ids.front(), "0");
 }
 
+// So many objects without id, a class that is not known and a reference that leads nowhere.
+std::string flood(int objects) {
+  std::string text;
+  for (int i = 0; i < objects; ++i) text += "<Drilling/>";
+  return dataOf(text + made("PmOperation", "O", "Operation", field("prototype", "Q")));
+}
+
+TEST(StudyCheck, KeepsTheFirstOfEachRuleAndCountsAll) {
+  const IXMLDOMDocument document = parse(flood(1000));
+  const zelstudy::CheckResult all = zelstudy::checkStudy(document, {.strict = true, .limit = 0});
+  ASSERT_EQ(all.findings.size(), 2001u);
+  EXPECT_EQ(all.errors, 2001u);
+  for (const std::size_t limit : {1, 3, 7, 100, 2000, 2001}) {
+    const zelstudy::CheckResult some = zelstudy::checkStudy(document, {.strict = true, .limit = limit});
+    EXPECT_EQ(some.errors, all.errors);
+    ASSERT_EQ(some.counts.size(), 3u);
+    EXPECT_LE(some.findings.size(), limit);
+    EXPECT_GE(some.findings.size() + 2, limit);
+    // Each rule has its first ones, and all stand in the order that they have among all.
+    std::map<std::string_view, std::size_t> seen;
+    auto next = all.findings.begin();
+    for (const Finding& finding : some.findings) {
+      next = std::find_if(next, all.findings.end(), [&](const Finding& f) {
+        return f.code == finding.code && f.line == finding.line && f.text == finding.text;
+      });
+      ASSERT_NE(next, all.findings.end()) << limit;
+      ++next;
+      ++seen[finding.code];
+    }
+    if (limit < 3) continue;
+    EXPECT_EQ(seen["reference"], 1u) << limit;
+    EXPECT_LE(seen["id-missing"] > seen["class-unknown"] ? seen["id-missing"] - seen["class-unknown"]
+                                                         : seen["class-unknown"] - seen["id-missing"],
+              1u)
+        << limit;
+  }
+}
+
+TEST(StudyCheck, LongIdsFillNoMemory) {
+  std::string lost;
+  for (int i = 0; i < 300; ++i) lost += item("Q" + std::to_string(i));
+  const std::string longId(100'000, 'x');
+  const zelstudy::CheckResult result = zelstudy::checkStudy(
+      parse(dataOf(made("PmOperation", longId, "Operation", field("children", lost)))), {.limit = 100});
+  EXPECT_EQ(result.errors, 300u);
+  std::size_t bytes = 0;
+  for (const Finding& finding : result.findings) {
+    EXPECT_LT(finding.text.size(), 1000u);
+    for (const std::string& id : finding.ids) bytes += id.size();
+  }
+  EXPECT_GE(bytes, longId.size());
+  EXPECT_LE(bytes, 100u * 4096u);
+}
+
+TEST(StudyCheck, OneSlipOfALetterIsAMisspeltClass) {
+  const auto& types = ApiPmClassTypeDataMgr::the();
+  for (const char* slip :
+       {"PmPartInstanse", "PmPartInstnce", "PmPartInnstance", "PmPartInstacne", "pmpartinstance"}) {
+    const ApiPmClassType* meant = types.findMisspelt(slip);
+    ASSERT_TRUE(meant) << slip;
+    EXPECT_EQ(meant->name, "PmPartInstance");
+  }
+  for (const char* other :
+       {"PmPartInstance", "PmPart", "PmPart2", "Pm2DRep", "PmPartInstanceOf", "Robot", ""})
+    EXPECT_EQ(types.findMisspelt(other), nullptr) << other;
+  // A family of its own makes it a class of its own.
+  const std::string own = dataOf(made("PmOperatoin", "O", "Process", ""));
+  EXPECT_TRUE(check(own, false).empty());
+  EXPECT_EQ(check(own, true)[0].code, "class-unknown");
+}
+
+TEST(StudyCheck, TheProgramTakesSeveralFilesAndGroupsWhatIsAlike) {
+  const Folder folder;
+  const std::string one = folder.write("one.xml", flood(8)), two = folder.write("two.xml", healthy),
+                    none = folder.path("none.xml");
+  const Outcome text = run({"check", one, two});
+  EXPECT_EQ(text.exitCode, 1);
+  EXPECT_EQ(std::ranges::count(text.out, '\n'), 5 + 1 + 1 + 1 + 1) << text.out;
+  EXPECT_NE(text.out.find(one + ": 3 more like these: Every object has an ExternalId. [id-missing]\n" + two +
+                          ": nothing is out of order\n9 errors, 0 debris; --all lists all; "),
+            std::string::npos)
+      << text.out;
+  EXPECT_EQ(std::ranges::count(run({"check", one, "--all"}).out, '\n'), 10);
+
+  const Outcome json = run({"check", one, none, two, "--limit", "4", "--json"});
+  EXPECT_EQ(json.exitCode, 2);
+  EXPECT_NE(json.err.find(none), std::string::npos) << json.err;
+  const nlohmann::json told = json.json(), files = told["files"];
+  EXPECT_EQ(told["findings"].size(), 4u);
+  EXPECT_EQ(files[0]["totals"], nlohmann::json({{"id-missing", 8}, {"reference", 1}}));
+  EXPECT_EQ(files[1]["read"], false);
+  EXPECT_EQ(files[2]["errors"], 0);
+}
+
 TEST(StudyCheck, TheProgramTellsFindingsAndRules) {
   const Folder folder;
-  const Outcome clean = run({"check", ZELXML_SOURCE_DIR "/examples/cell/cell.xml"});
+  const Outcome clean = run({"check", "--strict", ZELXML_SOURCE_DIR "/examples/cell/cell.xml"});
   EXPECT_EQ(clean.exitCode, 0) << clean.out << clean.err;
 
   const std::string file = folder.write("bad.xml", replaced(healthy, "<variant>NULL", "<variant>Q"));
   EXPECT_EQ(run({"check", file}).exitCode, 0);
   const Outcome json = run({"check", file, "--strict", "--json"});
   EXPECT_EQ(json.exitCode, 1);
-  EXPECT_EQ(json.json(), nlohmann::json::parse(R"({"errors": 1, "debris": 0, "findings": [{
-      "code": "reference-other", "severity": "error", "ids": ["O", "Q"], "line": 14, "field": "variant",
-      "text": "PmOperation \"O\" names \"Q\" in variant, and no object has that id",
-      "remedy": "See whether the object was meant to come along."}]})"));
+  EXPECT_EQ(json.json(), nlohmann::json::parse(replaced(
+                                                   R"({"errors": 1, "debris": 0, "findings": [{
+      "file": "FILE", "code": "reference-other", "severity": "error", "ids": ["O", "Q"], "line": 14,
+      "field": "variant", "text": "PmOperation \"O\" names \"Q\" in variant, and no object has that id",
+      "remedy": "See whether the object was meant to come along."}], "files": [{"file": )",
+                                                   "FILE", file) +
+                                               '"' + file +
+                                               R"(", "read": true, "errors": 1, "debris": 0, "listed": 1,
+      "totals": {"reference-other": 1}}]})"));
   EXPECT_EQ(run({"check", file, "--strict"}).out,
             file +
                 ":14: error: PmOperation \"O\" names \"Q\" in variant, and no object has that id"

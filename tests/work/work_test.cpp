@@ -7,7 +7,10 @@
 #include <random>
 
 #include "StudyGenerator.h"
+#include "StudyText.h"
 #include "wrapper/StudyTest.h"
+#include "zelstudy/StudyCheck.h"
+#include "zelstudy/StudyDiff.h"
 
 namespace {
 
@@ -179,6 +182,34 @@ TEST_F(WorkTest, ReadsAllocateNothing) {
 }
 
 // Work that takes in a whole document visits each object a bounded number of times.
+// A handle climbs to the root; what reads whole documents does so for their objects, not for each field.
+TEST_F(WorkTest, DeepFieldsAreReadWithoutClimbing) {
+  const auto chain = [](int depth, const std::string& name, const std::string& text) {
+    std::string start, end;
+    for (int i = 0; i < depth; ++i) {
+      start += "<" + name + ">";
+      end += "</" + name + ">";
+    }
+    return start + text + end;
+  };
+  const auto climbed = [&](int depth) {
+    std::string before, after;
+    for (int i = 0; i < 20; ++i) {
+      before += "<P>" + chain(depth, i % 2 ? "item" : "a", "x") + "</P>";
+      after += "<P>" + chain(depth, i % 2 ? "item" : "a", i < 10 ? "y" : "x") + "</P>";
+      before += bare("P", "P" + std::to_string(i), chain(depth, "a", "x"));
+      after += bare("P", "P" + std::to_string(i), chain(depth, "a", "y"));
+    }
+    const IXMLDOMDocument one = parse(dataOf(before)), other = parse(dataOf(after));
+    const std::uint64_t start = IXMLDOMDocument::work().levelsClimbed;
+    EXPECT_EQ(zelstudy::diffStudies(one, one).equal(), true);
+    EXPECT_EQ(zelstudy::diffStudies(one, other).changed.size(), 20u);
+    EXPECT_FALSE(zelstudy::checkStudy(one, {.strict = true}).findings.empty());
+    return IXMLDOMDocument::work().levelsClimbed - start;
+  };
+  EXPECT_EQ(climbed(900), climbed(9));
+}
+
 TEST_F(WorkTest, AnUpdateOfEverythingIsLinear) {
   std::vector<double> perObject;
   for (const std::uint32_t objects : {1000U, 10000U}) {

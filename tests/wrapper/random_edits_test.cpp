@@ -144,7 +144,8 @@ class RandomEdits : public StudyTest, protected RandomDraws {
       registered.insert(nodes[i]);
     }
     for (const ZelNode* each : wrapper->roots().list()) EXPECT_TRUE(registered.count(each));
-    for (const zelstudy::Finding& finding : zelstudy::checkStudy(study)) {
+    for (const zelstudy::Finding& finding : zelstudy::checkStudy(study).findings) {
+      if (finding.code == "resource-in-part") continue;  // objects are put anywhere here
       EXPECT_NE(finding.severity, zelstudy::Severity::error)
           << finding.code << ' ' << joined(finding.ids) << ' ' << finding.field << ' ' << finding.text;
     }

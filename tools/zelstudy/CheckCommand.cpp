@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <sstream>
 
@@ -16,9 +17,19 @@ namespace zelstudy {
 namespace {
 
 struct CheckArguments {
-  std::string file;
-  bool strict = false;
+  std::vector<std::string> files;
+  CheckOptions options;
+  bool all = false;
   std::string code;
+};
+
+// Findings of one rule that the text lists, unless it is to list all.
+constexpr std::size_t maxListed = 5;
+
+struct CheckedFile {
+  std::string file;
+  bool isRead = false;
+  CheckResult result;
 };
 
 Json ruleJson(const CheckRule& rule) {
@@ -47,8 +58,9 @@ int explain(const Tool& tool, const CheckArguments& arguments) {
   return exitSuccess;
 }
 
-Json findingJson(const Finding& finding) {
-  return {{"code", finding.code},
+Json findingJson(const std::string& file, const Finding& finding) {
+  return {{"file", file},
+          {"code", finding.code},
           {"severity", severityName(finding.severity)},
           {"ids", finding.ids},
           {"line", finding.line ? Json(finding.line) : Json()},
@@ -57,41 +69,95 @@ Json findingJson(const Finding& finding) {
           {"remedy", finding.remedy}};
 }
 
+Json totalsJson(const CheckResult& result) {
+  Json totals = Json::object();
+  for (const CheckCount& each : result.counts) totals[std::string(each.rule->code)] = each.count;
+  return totals;
+}
+
+void printJson(const std::vector<CheckedFile>& checked) {
+  Json findings = Json::array(), files = Json::array();
+  std::size_t errors = 0, debris = 0;
+  for (const CheckedFile& each : checked) {
+    for (const Finding& finding : each.result.findings) findings.push_back(findingJson(each.file, finding));
+    files.push_back({{"file", each.file},
+                     {"read", each.isRead},
+                     {"errors", each.result.errors},
+                     {"debris", each.result.debris},
+                     {"listed", each.result.findings.size()},
+                     {"totals", totalsJson(each.result)}});
+    errors += each.result.errors;
+    debris += each.result.debris;
+  }
+  std::cout << jsonText({{"findings", std::move(findings)},
+                         {"errors", errors},
+                         {"debris", debris},
+                         {"files", std::move(files)}},
+                        2)
+            << '\n';
+}
+
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
   return std::to_string(count) + " " + std::string(count == 1 ? one : many);
 }
 
+std::string codeText(std::string_view code) { return faint(" [" + std::string(code) + "]"); }
+
+// Answers whether findings were left out.
+bool printFindings(const CheckedFile& checked, bool all) {
+  const std::string file = printable(checked.file);
+  std::map<std::string_view, std::size_t> listed;
+  for (const Finding& finding : checked.result.findings) {
+    if (!all && listed[finding.code] == maxListed) continue;
+    ++listed[finding.code];
+    std::cout << file << ':' << finding.line << ": " << severityName(finding.severity) << ": "
+              << printable(finding.text) << codeText(finding.code) << '\n';
+  }
+  bool leftOut = false;
+  for (const CheckCount& each : checked.result.counts) {
+    const std::size_t more = each.count - listed[each.rule->code];
+    if (more == 0) continue;
+    leftOut = true;
+    std::cout << file << ": " << more << " more like " << (listed[each.rule->code] ? "these" : "this") << ": "
+              << each.rule->says << codeText(each.rule->code) << '\n';
+  }
+  return leftOut;
+}
+
+void printText(const std::vector<CheckedFile>& checked, bool all) {
+  std::size_t errors = 0, debris = 0;
+  bool leftOut = false;
+  for (const CheckedFile& each : checked) {
+    leftOut |= printFindings(each, all);
+    if (each.isRead && each.result.total() == 0)
+      std::cout << printable(each.file) << ": nothing is out of order\n";
+    errors += each.result.errors;
+    debris += each.result.debris;
+  }
+  if (errors + debris == 0) return;
+  std::cout << counted(errors, "error", "errors") << ", " << debris << " debris; ";
+  if (leftOut) std::cout << (all ? "--limit N keeps more; " : "--all lists all; ");
+  std::cout << "zelstudy check --explain CODE tells more\n";
+}
+
 int run(const Tool& tool, const CheckArguments& arguments) {
   if (!arguments.code.empty()) return explain(tool, arguments);
-  IXMLDOMDocument document;
-  if (!loadStudy(arguments.file, document)) return exitFailure;
-  std::vector<Finding> findings;
-  {
-    const Progress progress("checking " + arguments.file);
-    findings = checkStudy(document, arguments.strict);
+  std::vector<CheckedFile> checked;
+  for (const std::string& file : arguments.files) {
+    CheckedFile& each = checked.emplace_back();
+    each.file = file;
+    IXMLDOMDocument document;
+    each.isRead = loadStudy(file, document);
+    if (!each.isRead) continue;
+    const Progress progress("checking " + file);
+    each.result = checkStudy(document, arguments.options);
   }
-  const auto errors = static_cast<std::size_t>(std::count_if(
-      findings.begin(), findings.end(), [](const Finding& f) { return f.severity == Severity::error; }));
-  if (tool.json) {
-    Json list = Json::array();
-    for (const Finding& finding : findings) list.push_back(findingJson(finding));
-    std::cout << jsonText({{"findings", std::move(list)},
-                           {"errors", errors},
-                           {"debris", findings.size() - errors}},
-                          2)
-              << '\n';
-  } else {
-    for (const Finding& finding : findings)
-      std::cout << printable(arguments.file) << ':' << finding.line << ": " << severityName(finding.severity)
-                << ": " << printable(finding.text) << faint(" [" + std::string(finding.code) + "]") << '\n';
-    if (findings.empty()) {
-      std::cout << printable(arguments.file) << ": nothing is out of order\n";
-    } else {
-      std::cout << counted(errors, "error", "errors") << ", " << findings.size() - errors
-                << " debris; zelstudy check --explain CODE tells more\n";
-    }
-  }
-  return findings.empty() ? exitSuccess : exitFindings;
+  const auto any = [&](auto test) { return std::any_of(checked.begin(), checked.end(), test); };
+  const bool anyUnread = any([](const CheckedFile& each) { return !each.isRead; });
+  if (anyUnread && checked.size() == 1) return exitFailure;
+  tool.json ? printJson(checked) : printText(checked, arguments.all);
+  if (anyUnread) return exitFailure;
+  return any([](const CheckedFile& each) { return each.result.total() != 0; }) ? exitFindings : exitSuccess;
 }
 
 std::string help() {
@@ -106,7 +172,10 @@ std::string help() {
   return text + rows.str() +
          "\nDebris is what an edit leaves behind when it does what it is meant to do; nothing stumbles over "
          "it.\n"
-         "The exit code is 0 without findings, 1 with any, 2 for a file that cannot be opened.\n\n"
+         "Of each rule the text lists the first five findings and counts the others. The JSON output has "
+         "all\n"
+         "that are kept, and all counts.\n"
+         "The exit code is 0 without findings, 1 with any, 2 when a file cannot be opened.\n\n"
          "Example: zelstudy check cell.xml";
 }
 
@@ -116,8 +185,14 @@ void addCheckCommand(CLI::App& app, Tool& tool) {
   CLI::App* command = app.add_subcommand("check", "Tell what in a study is out of order");
   command->footer(help());
   const auto arguments = std::make_shared<CheckArguments>();
-  CLI::Option* file = command->add_option("FILE", arguments->file, "The study")->type_name("");
-  command->add_flag("--strict", arguments->strict, "Check also what a healthy study may break");
+  CLI::Option* file = command->add_option("FILE", arguments->files, "The study, or several")->type_name("");
+  command->add_flag("--strict", arguments->options.strict, "Check also what a healthy study may break");
+  command->add_flag("--all", arguments->all, "List all findings, not the first five of each rule");
+  command
+      ->add_option("--limit", arguments->options.limit,
+                   "Findings to keep of a file; 0 for all. The counts are of all in any case")
+      ->type_name("N")
+      ->capture_default_str();
   CLI::Option* code =
       command->add_option("--explain", arguments->code, "Tell a rule instead")->type_name("CODE");
   addCommonOptions(*command, tool);

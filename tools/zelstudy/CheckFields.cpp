@@ -67,8 +67,8 @@ const CheckModel::Field* CheckModel::findField(std::string_view name) {
 }
 
 void CheckModel::readObject(std::uint32_t index) {
-  IXMLDOMElement nodeInfo;
-  for (IXMLDOMElement child = objects_[index].element.firstElementChild(); child;
+  DomView nodeInfo;
+  for (DomView child = objects_[index].element.firstElementChild(); child;
        child = child.nextElementSibling()) {
     const std::string_view name = child.nodeName();
     if (name == "NodeInfo") {
@@ -79,12 +79,12 @@ void CheckModel::readObject(std::uint32_t index) {
       readField(index, *field, child);
     }
   }
-  for (IXMLDOMElement child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
+  for (DomView child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
     if (child.nodeName() == "Id") checkNumber(index, "NodeInfo/Id", child, true);
   if (isLayout(objects_[index].kind)) readPlacement(index, nodeInfo);
 }
 
-void CheckModel::readField(std::uint32_t index, const Field& field, const IXMLDOMElement& element) {
+void CheckModel::readField(std::uint32_t index, const Field& field, DomView element) {
   CheckObject& object = objects_[index];
   const auto readOne = [&](CheckRef& ref) {
     ref = readReference(element);
@@ -124,7 +124,7 @@ void CheckModel::readField(std::uint32_t index, const Field& field, const IXMLDO
       break;
   }
   if (field.name == "file" && object.kind != CheckKind::threeDRep) return;
-  const IXMLDOMElement first = element.firstElementChild();
+  const DomView first = element.firstElementChild();
   if (first && first.nodeName() == "item") {
     CheckList list;
     readMany(list);
@@ -138,7 +138,7 @@ void CheckModel::readField(std::uint32_t index, const Field& field, const IXMLDO
 
 void CheckModel::reportLost(std::uint32_t index, const Field& field, CheckRef ref) {
   const std::string& id = lostId(ref);
-  const std::string names = name(index) + " names \"" + id + "\" in " + std::string(field.name) + ", ";
+  const std::string names = name(index) + " names " + shown(id) + " in " + std::string(field.name) + ", ";
   if (namesElement(id)) {
     report(Rule::referenceOther, index, field.name, names + "which is an element within an object", {id});
     return;
@@ -149,29 +149,26 @@ void CheckModel::reportLost(std::uint32_t index, const Field& field, CheckRef re
   report(rule, index, field.name, names + "and no object has that id", {id});
 }
 
-bool CheckModel::readNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element,
-                            double& value) {
+bool CheckModel::readNumber(std::uint32_t index, std::string_view field, DomView element, double& value) {
   const std::string_view digits = withoutBlanks(text(element));
   value = 0;
   if (digits.empty() || zelstudy::readNumber(digits, value)) return true;
-  report(
-      Rule::number, index, field,
-      name(index) + " has \"" + std::string(digits) + "\" in " + std::string(field) + ", which is no number");
+  report(Rule::number, index, field,
+         name(index) + " has " + shown(digits) + " in " + std::string(field) + ", which is no number");
   return false;
 }
 
-void CheckModel::checkNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element,
-                             bool whole) {
+void CheckModel::checkNumber(std::uint32_t index, std::string_view field, DomView element, bool whole) {
   double value = 0;
   if (!readNumber(index, field, element, value) || !whole) return;
   if (value != std::trunc(value))
     report(Rule::number, index, field,
-           name(index) + " has \"" + std::string(text(element)) + "\" in " + std::string(field) +
+           name(index) + " has " + shown(text(element)) + " in " + std::string(field) +
                ", which is no whole number");
 }
 
 // Six numbers joined by "_".
-void CheckModel::checkLabelLocation(std::uint32_t index, const IXMLDOMElement& element) {
+void CheckModel::checkLabelLocation(std::uint32_t index, DomView element) {
   std::string_view rest = text(element);
   if (rest.empty()) return;
   int parts = 0;
@@ -185,15 +182,14 @@ void CheckModel::checkLabelLocation(std::uint32_t index, const IXMLDOMElement& e
   }
   if (!reads || parts != 6)
     report(Rule::number, index, "noteLocation",
-           name(index) + " has \"" + std::string(text(element)) +
-               "\" in noteLocation, which are not six numbers joined by \"_\"");
+           name(index) + " has " + shown(text(element)) +
+               " in noteLocation, which are not six numbers joined by \"_\"");
 }
 
-bool CheckModel::readVector(std::uint32_t index, std::string_view field, const IXMLDOMElement& list,
-                            RTVec3D& vector) {
+bool CheckModel::readVector(std::uint32_t index, std::string_view field, DomView list, RTVec3D& vector) {
   int count = 0;
   bool reads = true;
-  for (IXMLDOMElement item = list.firstElementChild(); item; item = item.nextElementSibling()) {
+  for (DomView item = list.firstElementChild(); item; item = item.nextElementSibling()) {
     if (item.nodeName() != "item") continue;
     double value = 0;
     reads = readNumber(index, field, item, value) && reads;
@@ -207,10 +203,10 @@ bool CheckModel::readVector(std::uint32_t index, std::string_view field, const I
   return reads && count == 3;
 }
 
-void CheckModel::readPlacement(std::uint32_t index, const IXMLDOMElement& nodeInfo) {
+void CheckModel::readPlacement(std::uint32_t index, DomView nodeInfo) {
   CheckPlacement placement;
-  IXMLDOMElement location, rotation, absolute;
-  for (IXMLDOMElement child = objects_[index].element.firstElementChild(); child;
+  DomView location, rotation, absolute;
+  for (DomView child = objects_[index].element.firstElementChild(); child;
        child = child.nextElementSibling()) {
     if (child.nodeName() == "location") location = child;
     if (child.nodeName() == "rotation") rotation = child;
@@ -219,12 +215,12 @@ void CheckModel::readPlacement(std::uint32_t index, const IXMLDOMElement& nodeIn
   placement.relative = readVector(index, "rotation", rotation, placement.rotation) && placed;
 
   if (objects_[index].kind == CheckKind::layout) {
-    for (IXMLDOMElement child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
+    for (DomView child = nodeInfo.firstElementChild(); child; child = child.nextElementSibling())
       if (child.nodeName() == "absoluteLocation") absolute = child;
     constexpr std::string_view axes[] = {"x", "y", "z", "rx", "ry", "rz"};
     unsigned found = 0;
     bool reads = true;
-    for (IXMLDOMElement child = absolute.firstElementChild(); child; child = child.nextElementSibling()) {
+    for (DomView child = absolute.firstElementChild(); child; child = child.nextElementSibling()) {
       for (int axis = 0; axis < 6; ++axis) {
         if (child.nodeName() != axes[axis]) continue;
         double value = 0;

@@ -82,7 +82,7 @@ class LayoutCheck {
       if (layout.node.isLost()) {
         const std::string& lost = model_.lostId(layout.node);
         model_.report(Rule::reference, index, "node",
-                      model_.name(index) + " names \"" + lost + "\" in node, and no object has that id",
+                      model_.name(index) + " names " + shown(lost) + " in node, and no object has that id",
                       {lost});
       } else if (layout.node.isNone()) {
         if (layout.kind == CheckKind::layout)
@@ -103,7 +103,7 @@ class LayoutCheck {
     } else if (layout.node.isLost()) {
       const std::string& lost = model_.lostId(layout.node);
       model_.report(Rule::layoutOrphan, index, "node",
-                    model_.name(index) + " is the layout of \"" + lost + "\", and no object has that id",
+                    model_.name(index) + " is the layout of " + shown(lost) + ", and no object has that id",
                     {lost});
     } else {
       layout.owner = layout.node;
@@ -142,7 +142,7 @@ class LayoutCheck {
     } else if (parent.isLost()) {
       const std::string& lost = model_.lostId(parent);
       model_.report(Rule::layoutParentLost, index, "parent",
-                    model_.name(index) + " has the parent \"" + lost + "\", and no object has that id",
+                    model_.name(index) + " has the parent " + shown(lost) + ", and no object has that id",
                     {lost});
     } else if (hasPlacedParent(layout.owner)) {
       model_.report(layout.parentIsEmpty ? Rule::layoutCleared : Rule::layoutDetached, index, "parent",
@@ -179,7 +179,7 @@ class LayoutCheck {
       if (child.isLost()) {
         const std::string& lost = model_.lostId(child);
         model_.report(Rule::layoutChildLost, index, "children",
-                      model_.name(index) + " has the child \"" + lost + "\", and no object has that id",
+                      model_.name(index) + " has the child " + shown(lost) + ", and no object has that id",
                       {lost});
       } else if (child.isObject() && !isLayout(model_.at(child))) {
         model_.report(
@@ -198,6 +198,13 @@ class LayoutCheck {
     if (listed.parent.is(index) || listed.owner.isNone()) return;
     // Told of the listed layout, which names a parent that does not list it.
     if (listed.parent.isObject() && !lists(listed.parent, child.index())) return;
+    if (listed.parent.isObject() && tree_.holds(model_.at(index).owner.index(), listed.owner.index())) {
+      model_.report(Rule::layoutAlsoListed, index, "children",
+                    model_.name(index) + " has the child " + model_.name(child.index()) +
+                        ", which stands under " + model_.name(listed.parent.index()),
+                    {listed.id, id(listed.parent)});
+      return;
+    }
     const bool left = !hasLivingParent(listed.owner);
     model_.report(left ? Rule::layoutLeft : Rule::layoutChildren, left ? child.index() : index,
                   left ? "parent" : "children",

@@ -7,8 +7,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "dom/DomView.h"
 #include "dom/IXMLDOMDocument.h"
 #include "rt/RTTran3D.h"
+#include "zelstudy/CheckFindings.h"
 #include "zelstudy/StudyCheck.h"
 
 namespace zelstudy {
@@ -60,11 +62,12 @@ struct CheckPlacement {
 };
 
 struct CheckObject {
-  IXMLDOMElement element;
+  DomView element;
   std::string_view id;
   CheckKind kind = CheckKind::other;
   bool isStray = false;  // without id, or with that of an earlier object: no reference reaches it
   bool isProcessAssembly = false;
+  bool isResource = false;     // of the placed ones
   bool parentIsEmpty = false;  // `parent` is there, with no text
   CheckList children, parents, info, labels;
   CheckRef layout, node, parent, link, parentPrototype;
@@ -76,7 +79,7 @@ struct CheckObject {
 // wrong with a single field: ids, families, numbers, references that name nothing.
 class CheckModel {
  public:
-  CheckModel(const IXMLDOMDocument& document, bool strict);
+  CheckModel(const IXMLDOMDocument& document, const CheckOptions& options);
 
   std::vector<CheckObject>& objects() { return objects_; }
   const CheckObject& at(std::uint32_t index) const { return objects_[index]; }
@@ -87,36 +90,38 @@ class CheckModel {
   }
   const std::string& lostId(CheckRef ref) const { return lostIds_[ref.text()]; }
   const CheckPlacement& placement(const CheckObject& layout) const { return placements_[layout.placement]; }
-  bool strict() const { return strict_; }
 
-  // `class "id"`
+  // `class "id"`, a long id shortened.
   std::string name(std::uint32_t index) const;
   // Reports a finding about an object; the ids of `others` follow its own. Strict rules are dropped unless
   // asked for.
   void report(Rule rule, std::uint32_t object, std::string_view field, std::string text,
               const std::vector<std::string_view>& others = {});
-  // The findings in document order of their objects.
-  std::vector<Finding> takeFindings();
+  CheckResult takeFindings() { return findings_.take(); }
 
  private:
   struct Field;
+  struct ClassFacts;
+  static const ClassFacts& classFacts(std::unordered_map<std::string_view, ClassFacts>& cache,
+                                      std::string_view className);
   static const Field* findField(std::string_view name);
 
-  void collect(const IXMLDOMDocument& document);
+  void collect();
+  void decideKind(std::uint32_t index, const ClassFacts& facts);
   void readObject(std::uint32_t index);
-  void readField(std::uint32_t index, const Field& field, const IXMLDOMElement& element);
-  void readPlacement(std::uint32_t index, const IXMLDOMElement& nodeInfo);
-  bool readVector(std::uint32_t index, std::string_view field, const IXMLDOMElement& list, RTVec3D& vector);
-  bool readNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element, double& value);
-  void checkNumber(std::uint32_t index, std::string_view field, const IXMLDOMElement& element, bool whole);
-  void checkLabelLocation(std::uint32_t index, const IXMLDOMElement& element);
+  void readField(std::uint32_t index, const Field& field, DomView element);
+  void readPlacement(std::uint32_t index, DomView nodeInfo);
+  bool readVector(std::uint32_t index, std::string_view field, DomView list, RTVec3D& vector);
+  bool readNumber(std::uint32_t index, std::string_view field, DomView element, double& value);
+  void checkNumber(std::uint32_t index, std::string_view field, DomView element, bool whole);
+  void checkLabelLocation(std::uint32_t index, DomView element);
   CheckRef resolve(std::string_view id);
-  CheckRef readReference(const IXMLDOMElement& element);
-  CheckList readList(const IXMLDOMElement& element);
+  CheckRef readReference(DomView element);
+  CheckList readList(DomView element);
   void reportLost(std::uint32_t index, const Field& field, CheckRef ref);
   // Whether an element within an object has an id that no object has.
   bool namesElement(const std::string& id) const;
-  std::string_view text(const IXMLDOMNode& node) { return node.textView(buffer_); }
+  std::string_view text(DomView node) { return node.textView(buffer_); }
 
   IXMLDOMDocument document_;
   bool strict_;
@@ -127,17 +132,16 @@ class CheckModel {
   std::unordered_map<std::string, std::uint32_t> lostByText_;
   std::vector<CheckPlacement> placements_;
   std::string buffer_;
-  struct Report {
-    std::uint32_t object;
-    Finding finding;
-  };
-  std::vector<Report> reports_;
+  CheckFindings findings_;
 };
 
 // Rules between objects, by subject.
 void checkStructure(CheckModel& model);  // children, parents, labels, repeated ids, cycles
 void checkLayouts(CheckModel& model);    // layouts, their tree and their locations
 void checkShortcuts(CheckModel& model);  // studies, shortcuts, study infos
+
+// A text of the study as messages show it: in quotes, and a long one shortened in its middle.
+std::string shown(std::string_view text);
 
 // Pairs of objects from lists, sorted, so that a question for one is a search.
 class CheckPairs {

@@ -37,6 +37,11 @@ constexpr CheckRule rules[] = {
      "becomes a node of the wrong kind. Classes that are not known are not judged.",
      "<PmPartInstance> with the family Resource",
      "Write the family of the class into NodeInfo/family, or correct the element name."},
+    {Rule::classMisspelt, error, always, "class-misspelt", "The class of an object is spelt as it is known.",
+     "An element name that no class has, but for one slip: a letter too many, too few, another, two that "
+     "changed places, or the case. What asks for the class passes the object over. A name that differs in a "
+     "digit, or comes with a family that is not that of the known class, counts as a class of its own.",
+     "<PmPartInstanse>", "Correct the element name, or make the class known."},
     {Rule::number, error, always, "number", "A field that holds a number reads as one.",
      "A text that is no number is read as 0, or as far as its digits go, without a word. An empty text is a "
      "number "
@@ -89,6 +94,11 @@ constexpr CheckRule rules[] = {
      "count as "
      "a parent any more.",
      "<parents><item>A</item></parents> after A was deleted", cleanUp},
+    {Rule::resourceInPart, error, always, "resource-in-part", "Parts hold parts.",
+     "Products and resources are two trees. A robot or a tool below a part goes wherever the part goes, and "
+     "who looks through the resources does not find it. An edit puts an object where it is told.",
+     "the children of a PmCompoundPart name a PmToolInstance",
+     "Move the resource to a compound resource, or make it a root."},
     {Rule::cycle, error, always, "cycle", "No object stands under itself.",
      "A walk down the tree would not end, and no object of the cycle is reached from a root.",
      "A is a child of B, and B a child of A", "Take one of the objects out of the children of another."},
@@ -123,6 +133,12 @@ constexpr CheckRule rules[] = {
      "elsewhere.",
      "LA lists LB in children, and the parent of LB is NULL",
      "Write the layout that lists it into parent, or take it off the list."},
+    {Rule::layoutAlsoListed, debris, always, "layout-also-listed",
+     "The layout of a shared object is listed by the layout of one parent.",
+     "An import enters the layout of an object that several parents share in the layout of each parent that "
+     "it takes. The object is counted from the layout that its own names in parent.",
+     "LA and LC list LB, and the parent of LB is LA; A and C hold B",
+     "Nothing needs it. Moving the object to a parent puts its layout in order."},
     {Rule::layoutDetached, error, always, "layout-detached",
      "The layout of a child has the layout of a parent as its parent.",
      "The layouts form a tree beside that of the objects. A child whose layout has no parent stays behind "
@@ -204,10 +220,9 @@ constexpr CheckRule rules[] = {
      "layout.",
      "a PmShortcut that no study lists", cleanUp},
     {Rule::classUnknown, error, onDemand, "class-unknown", "The class of every object is known.",
-     "An element name that the class types do not know may be a class of the host, or a misspelling; its "
-     "family "
-     "cannot be checked.",
-     "<PmPartInstanse>", "Make the class known, or correct the element name."},
+     "An element name that the class types do not know may be a class of the host; its family cannot be "
+     "checked.",
+     "<Gripper>", "Make the class known, or correct the element name."},
     {Rule::layoutMissing, error, onDemand, "layout-missing", "Parts and resources have a layout.",
      "Without one an object has no place, and nothing can be put under it. Process assemblies have none.",
      "a PmCompoundPart without layout", "Add a PmLayout and write its id into layout."},
@@ -230,7 +245,7 @@ constexpr CheckRule rules[] = {
 constexpr bool inOrder() {
   for (std::size_t i = 0; i < std::size(rules); ++i)
     if (static_cast<std::size_t>(rules[i].rule) != i) return false;
-  return std::size(rules) == static_cast<std::size_t>(Rule::studySeveral) + 1;
+  return std::size(rules) == ruleCount;
 }
 static_assert(inOrder());
 

@@ -17,6 +17,7 @@ enum class Rule : std::uint8_t {
   idDuplicate,
   familyMissing,
   familyClass,
+  classMisspelt,
   number,
   location,
   reference,
@@ -26,6 +27,7 @@ enum class Rule : std::uint8_t {
   childWithoutParent,
   parentWithoutChild,
   parentLost,
+  resourceInPart,
   cycle,
   labelNode,
   layoutNode,
@@ -34,6 +36,7 @@ enum class Rule : std::uint8_t {
   layoutOrphan,
   layoutParent,
   layoutChildren,
+  layoutAlsoListed,
   layoutDetached,
   layoutCleared,
   layoutParentLost,
@@ -55,6 +58,7 @@ enum class Rule : std::uint8_t {
   referenceOther,
   studySeveral,
 };
+inline constexpr std::size_t ruleCount = static_cast<std::size_t>(Rule::studySeveral) + 1;
 
 // One rule that holds between any two edits.
 struct CheckRule {

@@ -19,11 +19,11 @@ void checkListedShortcut(CheckModel& model, std::uint32_t study, std::uint32_t i
   if (shortcut.link.isObject()) return;
   std::vector<std::string_view> others;
   if (shortcut.link.isLost()) others.emplace_back(model.lostId(shortcut.link));
-  model.report(Rule::shortcutTarget, index, "linkExternalID",
-               model.name(index) + (others.empty() ? " links to nothing"
-                                                   : " links to \"" + std::string(others[0]) +
-                                                         "\", and no object has that id"),
-               others);
+  model.report(
+      Rule::shortcutTarget, index, "linkExternalID",
+      model.name(index) + (others.empty() ? " links to nothing"
+                                          : " links to " + shown(others[0]) + ", and no object has that id"),
+      others);
 }
 
 // Marks what the study lists. `targets` says which study links to an object already, and by which shortcut.

@@ -22,10 +22,9 @@ void checkRepeated(CheckModel& model, std::uint32_t index, const CheckList& list
     for (const CheckRef ref : model.list(list)) {
       if (ref.value() != values[i]) continue;
       const std::string_view id = ref.isObject() ? model.at(ref).id : std::string_view(model.lostId(ref));
-      model.report(
-          Rule::repeated, index, field,
-          model.name(index) + " lists \"" + std::string(id) + "\" more than once in " + std::string(field),
-          {id});
+      model.report(Rule::repeated, index, field,
+                   model.name(index) + " lists " + shown(id) + " more than once in " + std::string(field),
+                   {id});
       break;
     }
   }
@@ -37,7 +36,7 @@ void checkParents(CheckModel& model, const CheckTree& tree, std::uint32_t index)
     if (parent.isLost()) {
       const std::string& id = model.lostId(parent);
       model.report(Rule::parentLost, index, "parents",
-                   model.name(index) + " has the parent \"" + id + "\", and no object has that id", {id});
+                   model.name(index) + " has the parent " + shown(id) + ", and no object has that id", {id});
     } else if (parent.isObject() && !tree.children.contains(parent.index(), index)) {
       model.report(Rule::parentWithoutChild, index, "parents",
                    model.name(index) + " has the parent " + model.name(parent.index()) +
@@ -47,10 +46,19 @@ void checkParents(CheckModel& model, const CheckTree& tree, std::uint32_t index)
   }
 }
 
+bool isPart(const CheckObject& object) {
+  return object.kind == CheckKind::placed && !object.isResource && !object.isProcessAssembly;
+}
+
 void checkChildren(CheckModel& model, const CheckTree& tree, std::uint32_t index) {
   const CheckObject& object = model.at(index);
   for (const CheckRef child : model.list(object.children)) {
-    if (!child.isObject() || tree.parents.contains(index, child.index())) continue;
+    if (!child.isObject()) continue;
+    if (isPart(object) && model.at(child).isResource)
+      model.report(Rule::resourceInPart, child.index(), "parents",
+                   model.name(child.index()) + " is a resource below the part " + model.name(index),
+                   {object.id});
+    if (tree.parents.contains(index, child.index())) continue;
     // An occurrence knows its prototype by a field of its own.
     if (object.kind == CheckKind::equipmentPrototype && model.at(child).parentPrototype.is(index)) continue;
     model.report(
@@ -83,7 +91,7 @@ void checkLabels(CheckModel& model, const CheckPairs& labels, std::uint32_t inde
   if (object.node.isLost()) {
     const std::string& id = model.lostId(object.node);
     model.report(Rule::referenceLeft, index, "node",
-                 model.name(index) + " names \"" + id + "\" in node, and no object has that id", {id});
+                 model.name(index) + " names " + shown(id) + " in node, and no object has that id", {id});
   } else if (object.node.isObject() && !labels.contains(object.node.index(), index)) {
     model.report(Rule::labelNode, index, "node",
                  model.name(index) + " belongs to " + model.name(object.node.index()) +

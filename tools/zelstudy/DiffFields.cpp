@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "dom/IXMLDOMNodeList.h"
-
 namespace zelstudy {
 
 namespace {
 
-using Elements = std::vector<IXMLDOMElement>;
+using Elements = std::vector<DomView>;
 
-Elements elementsOf(const IXMLDOMElement& element) {
+Elements elementsOf(DomView element) {
   Elements children;
-  for (IXMLDOMElement child = element.firstElementChild(); child; child = child.nextElementSibling())
+  for (DomView child = element.firstElementChild(); child; child = child.nextElementSibling())
     children.push_back(child);
   return children;
 }
@@ -21,7 +19,7 @@ Elements elementsOf(const IXMLDOMElement& element) {
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
 // What people write counts to the last blank; elsewhere white space alone is layout of the file.
-std::string leafText(const IXMLDOMElement& leaf) {
+std::string leafText(DomView leaf) {
   std::string text = leaf.text();
   const std::string_view name = leaf.nodeName();
   if (name != "name" && name != "comment" && name != "caption" && isBlank(text)) text.clear();
@@ -29,20 +27,22 @@ std::string leafText(const IXMLDOMElement& leaf) {
 }
 
 // Text that stands beside elements; white space alone is none.
-std::string ownText(const IXMLDOMElement& group) {
-  std::string text;
-  for (const IXMLDOMNode& child : group.childNodes()) {
-    if (child.nodeType() != NODE_TEXT && child.nodeType() != NODE_CDATA_SECTION) continue;
-    const std::string part = child.text();
+std::string ownText(DomView group) {
+  std::string text, buffer;
+  const auto add = [&](DomView node) {
+    const std::string_view part = node.textView(buffer);
     if (!isBlank(part)) text += part;
-  }
+  };
+  const DomView first = group.firstChild();
+  if (!first) add(group);
+  for (DomView child = first; child; child = child.nextSibling())
+    if (child.nodeType() == NODE_TEXT || child.nodeType() == NODE_CDATA_SECTION) add(child);
   return text;
 }
 
 bool isList(const Elements& elements) {
-  return !elements.empty() && std::all_of(elements.begin(), elements.end(), [](const IXMLDOMElement& each) {
-    return each.nodeName() == "item";
-  });
+  return !elements.empty() && std::all_of(elements.begin(), elements.end(),
+                                          [](DomView each) { return each.nodeName() == "item"; });
 }
 
 // An empty element tells a list only by its name.
@@ -56,8 +56,8 @@ std::string fieldName(std::string_view name, std::size_t ordinal) {
 }
 
 // The id of the one object within an item; empty for any other content.
-std::string heldId(const IXMLDOMElement& item) {
-  const IXMLDOMElement held = item.firstElementChild();
+std::string heldId(DomView item) {
+  const DomView held = item.firstElementChild();
   std::string_view id;
   if (!held || held.nextElementSibling() || !held.getAttribute("ExternalId", id)) return {};
   return std::string(id);
@@ -67,25 +67,23 @@ class Comparison {
  public:
   std::vector<FieldChange> changes;
 
-  void attributes(const IXMLDOMElement& before, const IXMLDOMElement& after, const std::string& path,
-                  std::string_view except = {}) {
-    const auto tell = [&](const IXMLDOMNode& attribute, Json was, Json is) {
-      if (attribute.nodeName() == except || was == is) return;
-      changes.push_back({path + "@" + std::string(attribute.nodeName()), std::move(was), std::move(is)});
+  void attributes(DomView before, DomView after, std::string_view except = {}) {
+    const auto tell = [&](std::string_view name, Json was, Json is) {
+      if (name == except || was == is) return;
+      changes.push_back({path_ + "@" + std::string(name), std::move(was), std::move(is)});
     };
-    const auto valueIn = [](const IXMLDOMElement& element, std::string_view name) {
+    const auto valueIn = [](DomView element, std::string_view name) {
       std::string_view value;
       return element.getAttribute(name, value) ? Json(value) : Json();
     };
-    for (const IXMLDOMNode& each : before.attributes())
-      tell(each, each.nodeValue(), valueIn(after, each.nodeName()));
-    for (const IXMLDOMNode& each : after.attributes())
-      if (valueIn(before, each.nodeName()).is_null()) tell(each, Json(), each.nodeValue());
+    for (DomView each = before.firstAttribute(); each; each = each.nextSibling())
+      tell(each.nodeName(), each.text(), valueIn(after, each.nodeName()));
+    for (DomView each = after.firstAttribute(); each; each = each.nextSibling())
+      if (valueIn(before, each.nodeName()).is_null()) tell(each.nodeName(), Json(), each.text());
   }
 
-  void group(const IXMLDOMElement& before, const IXMLDOMElement& after, const std::string& path) {
-    const std::string prefix = path.empty() ? path : path + "/";
-    add(prefix + "#text", ownText(before), ownText(after));
+  void group(DomView before, DomView after) {
+    add("#text", ownText(before), ownText(after));
     const Elements was = elementsOf(before), is = elementsOf(after);
     // How many of a name were met, and where those of the later version stand.
     struct Named {
@@ -94,65 +92,84 @@ class Comparison {
     };
     std::unordered_map<std::string_view, Named> byName;
     for (std::size_t i = 0; i < is.size(); ++i) byName[is[i].nodeName()].later.push_back(i);
-    const auto pathOf = [&](std::string_view name, std::size_t ordinal) {
-      return prefix + fieldName(name, ordinal);
-    };
-    for (const IXMLDOMElement& each : was) {
+    for (const DomView each : was) {
       Named& named = byName[each.nodeName()];
       const std::size_t ordinal = named.met++;
-      field(each, ordinal < named.later.size() ? is[named.later[ordinal]] : IXMLDOMElement(),
-            pathOf(each.nodeName(), ordinal));
+      field(each, ordinal < named.later.size() ? is[named.later[ordinal]] : DomView(),
+            fieldName(each.nodeName(), ordinal));
     }
     for (auto& [name, named] : byName) named.met = std::min(named.met, named.later.size());
     for (std::size_t i = 0; i < is.size(); ++i) {
       Named& named = byName[is[i].nodeName()];
       if (named.met < named.later.size() && named.later[named.met] == i)
-        field({}, is[i], pathOf(is[i].nodeName(), named.met++));
+        field({}, is[i], fieldName(is[i].nodeName(), named.met++));
     }
   }
 
  private:
-  void add(std::string path, Json before, Json after) {
-    if (before != after) changes.push_back({std::move(path), std::move(before), std::move(after)});
+  // The path to where the comparison is, which grows and shrinks with it: most fields do not differ, and
+  // theirs is never copied.
+  class Step {
+   public:
+    Step(std::string& path, std::string_view separator, std::string_view name)
+        : path_(path), size_(path.size()) {
+      if (!path.empty()) path += separator;
+      path += name;
+    }
+    ~Step() { path_.resize(size_); }
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+
+   private:
+    std::string& path_;
+    std::size_t size_;
+  };
+
+  // Of the place itself, or of a field below it.
+  void add(std::string_view name, Json before, Json after) {
+    if (before == after) return;
+    const Step step(path_, name.empty() ? "" : "/", name);
+    changes.push_back({path_, std::move(before), std::move(after)});
   }
 
-  void field(const IXMLDOMElement& before, const IXMLDOMElement& after, const std::string& path) {
+  void field(DomView before, DomView after, std::string_view name) {
+    const Step step(path_, "/", name);
     if (!before || !after) {
-      changes.push_back({path, fieldJson(before), fieldJson(after)});
+      changes.push_back({path_, fieldJson(before), fieldJson(after)});
       return;
     }
     const Elements was = elementsOf(before), is = elementsOf(after);
-    const auto isEmpty = [](const IXMLDOMElement& element, const Elements& children) {
+    const auto isEmpty = [](DomView element, const Elements& children) {
       return children.empty() && isBlank(element.text());
     };
     const bool listed = isList(was), lists = isList(is);
     if ((listed || lists) && (listed || isEmpty(before, was)) && (lists || isEmpty(after, is))) {
-      attributes(before, after, path);
-      list(was, is, path);
+      attributes(before, after);
+      list(was, is);
     } else if (was.empty() != is.empty()) {
-      add(path, fieldJson(before), fieldJson(after));
+      add({}, fieldJson(before), fieldJson(after));
     } else if (was.empty()) {
-      attributes(before, after, path);
-      add(path, leafText(before), leafText(after));
+      attributes(before, after);
+      add({}, leafText(before), leafText(after));
     } else {
-      attributes(before, after, path);
-      group(before, after, path);
+      attributes(before, after);
+      group(before, after);
     }
   }
 
-  void list(const Elements& was, const Elements& is, const std::string& path) {
-    if (objects(was, is, path)) return;
+  void list(const Elements& was, const Elements& is) {
+    if (objects(was, is)) return;
     Json before = Json::array(), after = Json::array();
-    for (const IXMLDOMElement& item : was) before.push_back(fieldJson(item));
-    for (const IXMLDOMElement& item : is) after.push_back(fieldJson(item));
-    add(path, std::move(before), std::move(after));
+    for (const DomView item : was) before.push_back(fieldJson(item));
+    for (const DomView item : is) after.push_back(fieldJson(item));
+    add({}, std::move(before), std::move(after));
   }
 
   // Items that hold one object each are held against each other by the ids of those.
-  bool objects(const Elements& was, const Elements& is, const std::string& path) {
-    std::unordered_map<std::string, IXMLDOMElement> later, earlier;
+  bool objects(const Elements& was, const Elements& is) {
+    std::unordered_map<std::string, DomView> later, earlier;
     const auto collect = [](const Elements& items, auto& byId, Json& ids) {
-      for (const IXMLDOMElement& item : items) {
+      for (const DomView item : items) {
         const std::string id = heldId(item);
         if (id.empty() || !byId.emplace(id, item).second) return false;
         ids.push_back(id);
@@ -161,51 +178,56 @@ class Comparison {
     };
     Json before = Json::array(), after = Json::array();
     if (!collect(was, earlier, before) || !collect(is, later, after)) return false;
-    add(path, before, after);
+    add({}, before, after);
     for (const Json& id : before) {
       const auto found = later.find(id.get<std::string>());
       if (found == later.end()) continue;
-      const IXMLDOMElement& item = earlier[found->first];
-      attributes(item, found->second, path + "[" + found->first + "]");
-      group(item, found->second, path + "[" + found->first + "]");
+      const DomView item = earlier[found->first];
+      const Step step(path_, "", "[" + found->first + "]");
+      attributes(item, found->second);
+      group(item, found->second);
     }
     return true;
   }
+
+  std::string path_;
 };
 
 }  // namespace
 
-std::vector<FieldChange> compareFields(const IXMLDOMElement& before, const IXMLDOMElement& after) {
+std::vector<FieldChange> compareFields(DomView before, DomView after) {
   Comparison comparison;
-  comparison.attributes(before, after, {}, "ExternalId");
-  comparison.group(before, after, {});
+  comparison.attributes(before, after, "ExternalId");
+  comparison.group(before, after);
   return std::move(comparison.changes);
 }
 
-Json fieldJson(const IXMLDOMElement& field) {
+Json fieldJson(DomView field) {
   if (!field) return {};
   const Elements children = elementsOf(field);
-  const IXMLDOMNodeList attributes = field.attributes();
-  if (children.empty() && attributes.length() == 0) {
+  const DomView attribute = field.firstAttribute();
+  if (children.empty() && !attribute) {
     std::string text = leafText(field);
     return text.empty() && isListName(field.nodeName()) ? Json::array() : Json(std::move(text));
   }
-  Json value = Json::object();
-  for (const IXMLDOMNode& each : attributes) value["@" + std::string(each.nodeName())] = each.nodeValue();
-  if (const std::string text = children.empty() ? leafText(field) : ownText(field); !text.empty())
-    value["#text"] = text;
+  // Its entries one behind the other: the keys are known to differ, and an access by key would look at all.
+  Json::object_t value;
+  for (DomView each = attribute; each; each = each.nextSibling())
+    value.emplace_back("@" + std::string(each.nodeName()), each.text());
+  if (std::string text = children.empty() ? leafText(field) : ownText(field); !text.empty())
+    value.emplace_back("#text", std::move(text));
   if (value.empty() && isList(children)) {
-    value = Json::array();
-    for (const IXMLDOMElement& item : children) value.push_back(fieldJson(item));
-    return value;
+    Json list = Json::array();
+    for (const DomView item : children) list.push_back(fieldJson(item));
+    return list;
   }
   std::unordered_map<std::string_view, std::size_t> met;
-  for (const IXMLDOMElement& child : children)
-    value[fieldName(child.nodeName(), met[child.nodeName()]++)] = fieldJson(child);
-  return value;
+  for (const DomView child : children)
+    value.emplace_back(fieldName(child.nodeName(), met[child.nodeName()]++), fieldJson(child));
+  return Json(std::move(value));
 }
 
-std::string contentKey(const IXMLDOMElement& element) {
+std::string contentKey(DomView element) {
   return std::string(element.nodeName()) + nlohmann::json(fieldJson(element)).dump();
 }
 

@@ -1,7 +1,6 @@
 #include "zelstudy/DiffModel.h"
 
 #include "document/ZelXmlFields.h"
-#include "dom/IXMLDOMNodeList.h"
 
 namespace zelstudy {
 
@@ -14,11 +13,8 @@ DiffModel::DiffModel(const IXMLDOMDocument& before, const IXMLDOMDocument& after
 }
 
 void DiffModel::collect(OneSide& side, const OneSide& other) {
-  IXMLDOMNodeList sections;
-  side.document.selectNodes("Data/Objects", sections);
-  for (const IXMLDOMNode& section : sections)
-    for (IXMLDOMElement each = section.firstElementChild(); each; each = each.nextElementSibling())
-      side.objects.push_back(each);
+  side.document.visitNodes("Data/Objects/*",
+                           [&](const IXMLDOMNode& each) { side.objects.emplace_back(each); });
   side.nextSame.assign(side.objects.size(), none);
   side.ids.reserve(side.objects.size());
   Index likely = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,9 +22,32 @@ struct Finding {
   std::string_view remedy;
 };
 
-// All findings of a study document, in document order of the objects at fault. The document is only read.
-// With `strict` the rules that a healthy study may break are checked too. The time and the memory grow with
-// the number of objects.
-std::vector<Finding> checkStudy(const IXMLDOMDocument& document, bool strict = false);
+struct CheckOptions {
+  bool strict = false;  // check also the rules that a healthy study may break
+  // Most findings that are kept; 0 for all. One with very long ids counts for several.
+  std::size_t limit = 10'000;
+};
+
+// How often a rule is broken.
+struct CheckCount {
+  const CheckRule* rule = nullptr;
+  std::size_t count = 0;
+};
+
+struct CheckResult {
+  // In document order of the objects at fault. Of more than the limit, the first of each rule, with equal
+  // shares for the rules.
+  std::vector<Finding> findings;
+  // Of all that were found, kept or not: each broken rule, in the order of the rules.
+  std::vector<CheckCount> counts;
+  std::size_t errors = 0;
+  std::size_t debris = 0;
+
+  std::size_t total() const { return errors + debris; }
+};
+
+// Holds a study document against the rules. The document is only read. The time and the memory grow with the
+// number of objects and of fields, whatever their shape; what is kept of the findings is bounded.
+CheckResult checkStudy(const IXMLDOMDocument& document, const CheckOptions& options = {});
 
 }  // namespace zelstudy
