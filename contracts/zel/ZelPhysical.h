@@ -12,7 +12,9 @@ class ZelPhysical : public ZelNode {
   // Placement in the study for an object that stands in one by a shortcut, in the parent for a child, and the
   // absolute placement for any other.
   virtual bool getLocation(RTTran3D& location) const = 0;
-  // Moves the object, and all below it, so that getLocation answers `location`; publishes the layout object.
+  // Moves the object so that getLocation answers `location`; publishes the layout object. The absolute
+  // placements of the object and of all below it follow. Not so for an object that a study shows by a
+  // shortcut: there only its placement in the study changes, and all absolute placements stay.
   virtual bool setLocation(const RTTran3D& location) = 0;
   virtual bool getAbsoluteLocation(RTTran3D& location) const = 0;
 };

@@ -50,7 +50,8 @@ class ZelWrapper {
   }
   // Makes the nodes of the session's study document; former nodes die first. With `download` referenced files
   // are fetched into the local files cache before. False when that fails; objects that cannot be turned into
-  // nodes are passed over in silence.
+  // nodes are passed over in silence. True without nodes also for a session without a document, and for a
+  // document that is no study: ask that before, by `selects("Data/Objects")`.
   virtual bool build(bool download) = 0;
   virtual bool addExistingPrototype(const ApiPmPrototypeData&) { return false; }
   virtual bool getPrototypeData(const ApiPmId&, ApiPmPrototypeData&) const { return false; }

@@ -17,6 +17,8 @@ TEST_F(DocumentThreeDRep, NamesBelowTheSystemRootAreStoredWithoutIt) {
       {"C:\\Lib", "C:\\Library\\a", "C:\\Library\\a", "C:\\Library\\a"},
       {"C:\\Lib", "D:\\Lib\\a", "D:\\Lib\\a", "D:\\Lib\\a"},
       {"", "C:\\Lib\\a", "C:\\Lib\\a", "C:\\Lib\\a"},
+      {"", "\\Car\\Door.cojt", "#\\Car\\Door.cojt", "\\Car\\Door.cojt"},
+      {"", "\\\\host\\a", "\\\\host\\a", "\\\\host\\a"},
       {"C:/Lib", "C:\\Lib\\a", "#\\a", "C:/Lib\\a"},
   };
   for (const auto& c : cases) {

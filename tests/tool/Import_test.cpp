@@ -1,3 +1,4 @@
+#include "StudyGenerator.h"
 #include "tool/ToolRun.h"
 
 using namespace tool_test;
@@ -52,6 +53,27 @@ TEST_F(ImportCommandTest, SavesNothingUnlessAskedTo) {
   EXPECT_EQ(stopped.json()["messages"][0]["texts"], json({"C", "PmCompoundResource", "PmToolInstance"}));
   EXPECT_NE(stopped.err.find("ZELXML_ATTEMPT_TO_CHANGE_OBJECT_TYPE"), std::string::npos);
   EXPECT_EQ(folder.read("small.xml"), smallStudy);
+}
+
+// Taking a study into itself changes no object: file names stay relative to a root that nobody named, and the
+// layouts of shared parts hold debris at most.
+TEST_F(ImportCommandTest, AStudyTakenIntoItselfStaysAsItIs) {
+  zelgen::StudyOptions options;
+  options.objects = 4000;
+  options.shared = 20;
+  const std::string studies[] = {ZELXML_SOURCE_DIR "/examples/cell/cell.xml",
+                                 folder.write("made.xml", zelgen::generateStudy(options))};
+  for (const std::string& study : studies) {
+    const std::string taken = folder.path("taken.xml");
+    const Outcome outcome = run({"import", study, study, "--all", "-o", taken});
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    const Outcome diff = run({"diff", study, taken});
+    EXPECT_EQ(diff.out.find("fileName"), std::string::npos) << diff.out;
+    const json check = run({"check", "--strict", taken, "--json"}).json();
+    EXPECT_EQ(check["errors"], 0) << check["files"];
+    EXPECT_EQ(diff.exitCode, check["debris"] == 0 ? 0 : diff.exitCode) << diff.out;
+    EXPECT_EQ(check["debris"] != 0, study == studies[1]);
+  }
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "StudyText.h"
 #include "tool/ToolRun.h"
 
@@ -107,6 +109,41 @@ TEST_F(ToolRead, TextDrawsBranches) {
             "└─ Türgriff  PmPartInstance  B\n");
 }
 
+// The study shows A elsewhere than its layout stands; B stands at (1, 2, 3) in A, D in no study.
+TEST_F(ToolRead, PlacesInTheStudyAreComposedFromTheShownObjectDown) {
+  const std::string study = folder.write(
+      "places.xml",
+      replaced(smallStudy, {{"PmStudyLayout ExternalId=\"LSA\"><location><item>10.000000</item>",
+                             "PmStudyLayout ExternalId=\"LSA\"><location><item>500.000000</item>"},
+                            {"  </Objects>", part("D", "", "") + layout("LD", "D") + "</Objects>"}}));
+  const auto place = [](const json& of) { return of.is_null() ? -1 : of["x"].get<double>(); };
+  const json b = run({"show", study, "B", "--json", "--places"}).json();
+  EXPECT_EQ(place(b["studyLocation"]), 501);
+  EXPECT_EQ(place(b["absoluteLocation"]), 11);
+  EXPECT_EQ(b["studyLocation"]["yaw"], 0.5);
+  ASSERT_EQ(b["places"].size(), 2u);
+  EXPECT_EQ(b["places"][0]["id"], "A");
+  EXPECT_EQ(place(b["places"][0]["location"]), 500);
+  EXPECT_EQ(place(b["places"][1]["location"]), 1);
+  EXPECT_EQ(place(run({"show", study, "D", "--json", "--places"}).json()["studyLocation"]), -1);
+
+  const json all = run({"tree", study, "--json", "--places"}).json();
+  std::map<std::string, double> told;
+  for (const json& root : all) {
+    told[root["id"]] = place(root["studyLocation"]);
+    for (const json& child : root["children"]) told[child["id"]] = place(child["studyLocation"]);
+  }
+  EXPECT_EQ(told, (std::map<std::string, double>{{"S", -1}, {"A", 500}, {"B", 501}, {"C", -1}, {"D", -1}}));
+  EXPECT_EQ(place(run({"tree", study, "--json", "--places", "--root", "B"}).json()[0]["studyLocation"]), 501);
+  EXPECT_NE(run({"tree", study, "--places"}).out.find("B  x 501  y 22  z 33"), std::string::npos);
+
+  // Placing what a study shows moves it and all below it there, and nowhere else.
+  EXPECT_EQ(run({"edit", study, folder.write("e", "place A 600 0 0 0 0 0\n"), "--in-place"}).exitCode, 0);
+  const json moved = run({"show", study, "B", "--json", "--places"}).json();
+  EXPECT_EQ(place(moved["studyLocation"]), 601);
+  EXPECT_EQ(place(moved["absoluteLocation"]), 11);
+}
+
 TEST_F(ToolRead, TellsEverythingAndNullForTheRest) {
   EXPECT_EQ(run({"show", file, "A", "--json"}).json(), json::parse(R"({
       "id": "A", "type": 3, "stringType": "PmCompoundPart", "name": "Body", "caption": "Main body",
@@ -170,6 +207,7 @@ TEST_F(ToolRead, PrototypesAreListedInDocumentOrder) {
 TEST_F(ToolRead, FailuresAreToldApart) {
   const std::string broken = folder.write("broken.xml", "<Data>\n  <Objects></Data>");
   const std::string other = folder.write("other.xml", "<Data><Things/></Data>");
+  const std::string page = folder.write("page.xml", "<html/>");
   const std::string none = folder.path("none.xml"), script = folder.write("script", "");
   const std::string overwritten = " would overwrite ";
   const struct {
@@ -181,7 +219,8 @@ TEST_F(ToolRead, FailuresAreToldApart) {
       {{"info", none}, 2, none + ": cannot open the file"},
       {{"info", folder.path("")}, 2, folder.path("") + ": cannot read the file"},
       {{"info", broken}, 2, broken + ":2:"},
-      {{"info", other}, 2, other + ": no study"},
+      {{"info", other}, 2, other + ": no study: there is no Objects under its root element Data"},
+      {{"tree", page}, 2, page + ": no study: its root element is html, not Data with Objects in it"},
       {{"info", file, "--log", "3"}, 2, "--log: no such level: 3"},
       {{"info", file, "--session", "fly"}, 2, "--session: \"fly\" is not KEY=VALUE"},
       {{"info", file, "--session", "fly=1"}, 2, "--session: unknown key \"fly\"; the keys are "},
@@ -212,7 +251,8 @@ TEST_F(ToolRead, FailuresAreToldApart) {
     EXPECT_THAT(failed.err, StartsWith("zelstudy: " + error)) << testing::PrintToString(arguments);
     EXPECT_EQ(failed.out, "") << testing::PrintToString(arguments);
   }
-  EXPECT_EQ(folder.files(), (std::vector<std::string>{"broken.xml", "other.xml", "script", "small.xml"}));
+  EXPECT_EQ(folder.files(),
+            (std::vector<std::string>{"broken.xml", "other.xml", "page.xml", "script", "small.xml"}));
 }
 
 TEST_F(ToolRead, OutputThatCannotBeWrittenIsAFailure) {

@@ -133,7 +133,7 @@ std::span<const EditOperation> editOperations() {
       {"place",
        {textOf("ID"), numberOf("X"), numberOf("Y"), numberOf("Z"), numberOf("ROLL"), numberOf("PITCH"),
         numberOf("YAW")},
-       "moves it in space, with all below it",
+       "sets its location in its parent, or in the study that shows it",
        place},
       {"move", {textOf("ID"), textOf("PARENT")}, "puts it at the end of another parent's children", move},
       {"create",

@@ -7,6 +7,7 @@
 #include "zel/ZelVorLabel.h"
 #include "zelstudy/NodeJson.h"
 #include "zelstudy/NodeNames.h"
+#include "zelstudy/StudyPlaces.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
@@ -32,7 +33,17 @@ Json askJson(const ZelNode& node, bool (Interface::*operation)(Value&) const, Js
   return interface && (interface->*operation)(value) ? json(value) : Json();
 }
 
-Json nodeJson(const StudySession& study, const ZelNode& node, const ApiPmId& id) {
+// From the object that the study shows down to this one, each with its own placement.
+Json placesJson(const StudyPlaces& places, const ZelNode& node) {
+  Json list = Json::array();
+  for (const ZelNode* each : places.way(node)) {
+    const std::optional<RTTran3D> location = locationOf(*each);
+    list.push_back({{"id", idJson(idOf(*each))}, {"location", location ? locationJson(*location) : Json()}});
+  }
+  return list;
+}
+
+Json nodeJson(const StudySession& study, const ZelNode& node, const ApiPmId& id, bool withPlaces) {
   ApiPmId shortcut;
   const bool hasShortcut = study.wrapper().findShortcut(id, shortcut);
   Json json = nodeHeadJson(node);
@@ -42,10 +53,26 @@ Json nodeJson(const StudySession& study, const ZelNode& node, const ApiPmId& id)
   json["interfaces"] = interfacesJson(node);
   json["location"] = askJson(node, &ZelPhysical::getLocation, &locationJson);
   json["absoluteLocation"] = askJson(node, &ZelPhysical::getAbsoluteLocation, &locationJson);
+  if (withPlaces) {
+    const StudyPlaces places(study);
+    const std::optional<RTTran3D> place = places.of(node);
+    json["studyLocation"] = place ? locationJson(*place) : Json();
+    json["places"] = placesJson(places, node);
+  }
   json["children"] = askJson(node, &ZelCollection::getChildrenIds, &idsJson);
   json["labels"] = askJson(node, &ZelVorLabelsContainer::getLabels, &idsJson);
   json["shortcutId"] = hasShortcut ? idJson(shortcut) : Json();
   return json;
+}
+
+std::string placeText(const Json& place) {
+  std::string text;
+  for (const auto& [axis, number] : place.items())
+    text += (text.empty()     ? ""
+             : axis == "roll" ? "   "
+                              : "  ") +
+            axis + " " + shortNumber(number.get<double>());
+  return text;
 }
 
 std::string interfaceText(const Json& number) {
@@ -65,17 +92,16 @@ void printText(const Json& json) {
       std::string text;
       for (const Json& number : value) text += (text.empty() ? "" : ", ") + interfaceText(number);
       lines = {text};
+    } else if (key == "places") {
+      for (const Json& each : value)
+        lines.push_back((each["location"].is_null() ? "no place" : placeText(each["location"])) + "   " +
+                        (each["id"].is_null() ? "-" : printable(each["id"].get<std::string>())));
+      if (lines.empty()) lines = {"no study shows it"};
     } else if (value.is_array()) {
       for (const Json& id : value) lines.push_back(id.is_null() ? "-" : printable(id.get<std::string>()));
       if (lines.empty()) lines = {"none"};
     } else if (value.is_object()) {
-      std::string text;
-      for (const auto& [axis, number] : value.items())
-        text += (text.empty()     ? ""
-                 : axis == "roll" ? "   "
-                                  : "  ") +
-                axis + " " + shortNumber(number.get<double>());
-      lines = {text};
+      lines = {placeText(value)};
     } else {
       lines = {printable(value.get<std::string>())};
     }
@@ -87,6 +113,7 @@ void printText(const Json& json) {
 struct ShowArguments {
   std::string file;
   std::string id;
+  bool places = false;
 };
 
 int run(const Tool& tool, const ShowArguments& arguments) {
@@ -98,7 +125,7 @@ int run(const Tool& tool, const ShowArguments& arguments) {
     say(arguments.file + ": " + study.whyNoNode(id));
     return exitFindings;
   }
-  const Json json = nodeJson(study, *node, id);
+  const Json json = nodeJson(study, *node, id, arguments.places);
   if (tool.json) {
     std::cout << jsonText(json, 2) << '\n';
   } else {
@@ -112,11 +139,14 @@ int run(const Tool& tool, const ShowArguments& arguments) {
 void addShowCommand(CLI::App& app, Tool& tool) {
   CLI::App* command = app.add_subcommand("show", "Tell everything about one object");
   command->footer(
-      "Lengths are in the unit of the study, angles in radians.\n\n"
+      "Lengths are in the unit of the study, angles in radians. absoluteLocation is that of the layout;\n"
+      "--places tells where the object stands in the study, from what that shows by a shortcut down.\n\n"
       "Example: zelstudy show cell.xml E-gripper");
   const auto arguments = std::make_shared<ShowArguments>();
   command->add_option("FILE", arguments->file, "The study")->required()->type_name("");
   command->add_option("ID", arguments->id, "Id of the object")->required()->type_name("");
+  command->add_flag("--places", arguments->places,
+                    "Tell the place in the study, and the placements that make it up");
   addCommonOptions(*command, tool);
   command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });
 }

@@ -10,6 +10,13 @@ namespace zelstudy {
 
 namespace {
 
+// What a document is that has no Data/Objects.
+std::string whatElse(const IXMLDOMDocument& document) {
+  const std::string root(document.documentElement().nodeName());
+  return root == "Data" ? "there is no Objects under its root element Data"
+                        : "its root element is " + root + ", not Data with Objects in it";
+}
+
 bool readStudy(const std::string& fileName, std::string_view kind, IXMLDOMDocument& document,
                std::string& error) {
   const Progress progress("opening " + fileName);
@@ -19,7 +26,7 @@ bool readStudy(const std::string& fileName, std::string_view kind, IXMLDOMDocume
   if (!document.load(fileName, &reason))
     error = reason.message();
   else if (!document.selectSingleNode("Data/Objects", section))
-    error = (fileName + ": no ").append(kind) + ": the document has no Objects under a root Data";
+    error = (fileName + ": no ").append(kind) + ": " + whatElse(document);
   return error.empty();
 }
 

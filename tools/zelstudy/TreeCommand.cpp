@@ -2,8 +2,11 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "zelstudy/NodeJson.h"
+#include "zelstudy/StudyPlaces.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
 #include "zelstudy/Tool.h"
@@ -13,21 +16,48 @@ namespace zelstudy {
 
 namespace {
 
+// The places in the study of the objects on the way down, when they are asked for.
+class WalkedPlaces {
+ public:
+  WalkedPlaces(const StudySession& study, bool wanted) : places_(study), wanted_(wanted) {}
+  bool wanted() const { return wanted_; }
+
+  std::optional<RTTran3D> enter(const ZelNode& node, std::size_t level) {
+    if (!wanted_) return {};
+    way_.resize(level);
+    way_.push_back(level == 0 ? places_.of(node) : places_.below(way_.back(), node));
+    return way_.back();
+  }
+
+ private:
+  StudyPlaces places_;
+  bool wanted_;
+  std::vector<std::optional<RTTran3D>> way_;  // by level
+};
+
 // Writes while it walks, so that neither memory nor stack grows with the tree; all on one line, since an
 // indent would make the text of a deep tree grow with the square of its depth.
 class JsonTree : public TreeVisitor {
  public:
+  explicit JsonTree(WalkedPlaces places) : places_(std::move(places)) {}
   void enter(const ZelNode& node, const TreePlace& place) override {
     if (!place.first) std::cout << ',';
-    std::string head = jsonText(nodeHeadJson(node));
+    Json json = nodeHeadJson(node);
+    const std::optional<RTTran3D> inStudy = places_.enter(node, place.level);
+    if (places_.wanted()) json["studyLocation"] = inStudy ? locationJson(*inStudy) : Json();
+    std::string head = jsonText(json);
     head.pop_back();
     std::cout << head << ",\"children\":[";
   }
   void leave(const TreePlace&) override { std::cout << "]}"; }
+
+ private:
+  WalkedPlaces places_;
 };
 
 class TextTree : public TreeVisitor {
  public:
+  explicit TextTree(WalkedPlaces places) : places_(std::move(places)) {}
   void enter(const ZelNode& node, const TreePlace& place) override {
     if (place.level > maxDrawn) {
       std::cout << bars_ << faint("level " + std::to_string(place.level + 1) + ": ");
@@ -38,6 +68,7 @@ class TextTree : public TreeVisitor {
     if (!node.getName(name) || name.empty()) name = "(no name)";
     node.getStringType(type);
     std::cout << printable(name) << "  " << faint(printable(type) + "  " + printable(idOf(node).text()));
+    if (const auto inStudy = places_.enter(node, place.level)) std::cout << "  " << locationText(*inStudy);
     if (place.repeated) std::cout << "  ↺ stands under itself";
     std::cout << '\n';
     if (place.level && place.level <= maxDrawn) bars_ += place.last ? "   " : "│  ";
@@ -50,12 +81,14 @@ class TextTree : public TreeVisitor {
   // Levels below this one are numbered, not drawn: lines would grow out of all proportion.
   static constexpr std::size_t maxDrawn = 100;
   std::string bars_;
+  WalkedPlaces places_;
 };
 
 struct TreeArguments {
   std::string file;
   std::size_t depth = 0;
   std::optional<std::string> root;
+  bool places = false;
 };
 
 int run(const Tool& tool, const TreeArguments& arguments) {
@@ -78,12 +111,12 @@ int run(const Tool& tool, const TreeArguments& arguments) {
   }
 
   if (tool.json) {
-    JsonTree visitor;
+    JsonTree visitor(WalkedPlaces(study, arguments.places));
     std::cout << '[';
     walkTree(roots, arguments.depth, visitor);
     std::cout << "]\n";
   } else {
-    TextTree visitor;
+    TextTree visitor(WalkedPlaces(study, arguments.places));
     walkTree(roots, arguments.depth, visitor);
   }
   return exitSuccess;
@@ -104,6 +137,8 @@ void addTreeCommand(CLI::App& app, Tool& tool) {
       ->type_name("N");
   command->add_option("--root", arguments->root, "Start from this object instead of the roots")
       ->type_name("ID");
+  command->add_flag("--places", arguments->places,
+                    "Tell where the objects stand in the study, from those that it shows down");
   addCommonOptions(*command, tool);
   command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });
 }

@@ -46,7 +46,11 @@ bool zelXmlResolveFileName(std::string_view stored, std::string& resolved) {
 
 bool zelXmlMakeRootRelative(std::string_view path, std::string& stored) {
   const ApiSysFileName name(path), root(systemRoot());
-  stored = isBelow(name, root) ? "#\\" + name.relative(root).asString(false) : name.asString(false);
+  // Without a root, a "#" name resolves to one that begins with a single separator: what was read is kept.
+  if (systemRoot().empty() && path.starts_with('\\') && !path.starts_with("\\\\"))
+    stored = "#" + std::string(path);
+  else
+    stored = isBelow(name, root) ? "#\\" + name.relative(root).asString(false) : name.asString(false);
   return true;
 }
 

@@ -11,8 +11,8 @@
 
 // False for the empty name.
 bool zelXmlResolveFileName(std::string_view stored, std::string& resolved);
-// The inverse: relative for a path below the system root, compared without regard to letter case. Always
-// true.
+// The inverse: relative for a path below the system root, compared without regard to letter case; without a
+// root, for what a relative name resolves to then, a path that begins with one "\\". Always true.
 bool zelXmlMakeRootRelative(std::string_view path, std::string& stored);
 // The origin of a local copy of the files cache; the path itself otherwise.
 bool zelXmlSourcePathForFile(std::string_view path, std::string& source);
