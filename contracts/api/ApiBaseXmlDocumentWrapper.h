@@ -18,8 +18,8 @@ class ApiBaseXmlDocumentWrapper {
   bool initialize(std::string_view text);
   // Replaces the content by that of a file.
   bool load(const RWClassicCString& path);
-  // Replaces the file whole or not at all.
-  bool save(const RWClassicCString& path);
+  // Replaces the file whole or not at all: IXMLDOMDocument::save.
+  bool save(const RWClassicCString& path, DomOverwrite overwrite = DomOverwrite::known);
 
   const IXMLDOMDocument& xmlDocument() const { return document_; }
   // False, and `element` untouched, without one.

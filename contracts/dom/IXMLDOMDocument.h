@@ -15,10 +15,16 @@ struct DomError {
   unsigned line = 0;
   unsigned column = 0;
   std::string reason;
+  bool outdated = false;  // a save was refused: the file is not the one any more that was read
 
   // "file:line:column: reason", without the parts that are not known.
   std::string message() const;
 };
+
+// What a save may replace. A document remembers the files that it was read from and saved to, as they were
+// then: `known` refuses one that has been changed since, so that nobody's work is lost without a word. Other
+// files, and one that is gone by now, are no matter of it.
+enum class DomOverwrite { known, any };
 
 // A handle to a document node: null when made from any other node.
 class IXMLDOMDocument : public IXMLDOMNode {
@@ -46,12 +52,17 @@ class IXMLDOMDocument : public IXMLDOMNode {
   bool loadXML(std::string_view text, DomError* error = nullptr) const;
 
   // Writes the document in UTF-8. To a file it is all or nothing: a temporary file beside the target is
-  // written, flushed to disk and renamed onto it, with the permissions of the former file; a link is
-  // followed. After a false result the former file is whole, no temporary file is left, and `error` names the
-  // cause. A process that is killed meanwhile may leave the temporary file ".save.*.tmp"; the next save of
-  // the same file removes it. A document without an element is refused, since no one could read it, and so is
-  // a target that is no regular file or may not be written.
-  bool save(const std::string& fileName, DomError* error = nullptr) const;
+  // written, flushed to disk and renamed onto it, with the attributes of the former file as far as this
+  // process may give them; a link is followed. After a false result the former file is whole, no temporary
+  // file is left, and `error` names the cause. A process that is killed meanwhile may leave the temporary
+  // file ".save.*.tmp"; the next save of the same file removes it. A document without an element is refused,
+  // since no one could read it, and so is a target that is no regular file or may not be written.
+  //
+  // With DomOverwrite::known, of all programs that have read the same file and save it through this library
+  // at once one succeeds; the others are told. DomSave does the same in two steps and tells what of the
+  // former file could not be kept.
+  bool save(const std::string& fileName, DomError* error = nullptr,
+            DomOverwrite overwrite = DomOverwrite::known) const;
   bool save(std::ostream& stream, DomError* error = nullptr) const;
 
   IXMLDOMElement documentElement() const;

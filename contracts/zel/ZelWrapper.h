@@ -64,7 +64,8 @@ class ZelWrapper {
 class ZelVorWrapper : public ZelWrapper {
  public:
   // Saves the study document, with the session's data written into it first. False when the save fails; the
-  // document in memory keeps the session data then.
+  // document in memory keeps the session data then. A file that another program has changed since it was read
+  // is not saved over: `DOMDocument().save` does that too, where it is wanted, and tells the reason.
   virtual bool write(std::ostream& stream) const = 0;
   virtual bool write(const RWClassicWString& fileName) const = 0;
   // build(true), then reads the session's data from the study. The result of build.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string_view>
 
+#include "api/ApiSysFileState.h"
 #include "dom/IXMLDOMDocument.h"
 
 namespace dom {
@@ -96,6 +97,7 @@ struct DocumentNode : Node {
   bool preserveWhiteSpace = true;
   bool endsWithNewline = false;
   std::unique_ptr<Indexes> indexes;
+  ApiSysFileStates files;  // that it was read from and saved to
 
   DocumentNode() noexcept;
   ~DocumentNode();

@@ -11,6 +11,7 @@
 #include "DomText.h"
 #include "DomTree.h"
 #include "DomWriter.h"
+#include "dom/DomSave.h"
 
 using dom::Node;
 
@@ -64,7 +65,8 @@ class StreamSink : public dom::TextSink {
 bool replace(dom::DocumentNode* document, dom::ByteSource& source, const std::string& file, DomError* error) {
   DomError ignored;
   DomError& told = error != nullptr ? *error : ignored;
-  told = DomError{file, 0, 0, {}};
+  told = DomError{};
+  told.file = file;
   const IXMLDOMDocument read = IXMLDOMDocument::create();
   dom::DocumentNode* const fresh = dom::asDocument(Node::of(read));
   fresh->preserveWhiteSpace = document->preserveWhiteSpace;
@@ -75,12 +77,17 @@ bool replace(dom::DocumentNode* document, dom::ByteSource& source, const std::st
   fresh->setFirst(nullptr);
   for (Node* child = document->first(); child != nullptr; child = child->next) child->parent = document;
   document->endsWithNewline = fresh->endsWithNewline;
+  document->files.clear();
   dom::touch(document);
   return true;
 }
 
 bool refuse(DomError* error, const std::string& file, std::string reason) {
-  if (error != nullptr) *error = DomError{file, 0, 0, std::move(reason)};
+  if (error != nullptr) {
+    *error = DomError{};
+    error->file = file;
+    error->reason = std::move(reason);
+  }
   return false;
 }
 
@@ -93,8 +100,6 @@ bool findFirst(Node* node, bool attribute, std::string_view name, std::string_vi
   found = Node::handle(nodes.front());
   return true;
 }
-
-constexpr const char* noElement = "the document has no element, which would not be XML";
 
 }  // namespace
 
@@ -122,7 +127,10 @@ bool IXMLDOMDocument::load(const std::string& fileName, DomError* error) const {
   if (node_ == nullptr) return refuse(error, fileName, "there is no document");
   dom::FileSource source(fileName);
   if (!source.reason.empty()) return refuse(error, fileName, source.reason);
-  return replace(dom::asDocument(node_), source, fileName, error);
+  dom::DocumentNode* const document = dom::asDocument(node_);
+  if (!replace(document, source, fileName, error)) return false;
+  if (!source.state().place.empty()) document->files.push_back(source.state());
+  return true;
 }
 
 bool IXMLDOMDocument::load(std::istream& stream, DomError* error) const {
@@ -137,16 +145,16 @@ bool IXMLDOMDocument::loadXML(std::string_view text, DomError* error) const {
   return replace(dom::asDocument(node_), source, {}, error);
 }
 
-bool IXMLDOMDocument::save(const std::string& fileName, DomError* error) const {
-  if (node_ == nullptr) return refuse(error, fileName, "there is no document");
-  if (dom::firstElement(node_) == nullptr) return refuse(error, fileName, noElement);
-  std::string reason;
-  return dom::saveXml(node_, fileName, reason) || refuse(error, fileName, reason);
+bool IXMLDOMDocument::save(const std::string& fileName, DomError* error, DomOverwrite overwrite) const {
+  DomSave save;
+  const bool saved = save.prepare(*this, fileName, overwrite) && save.commit();
+  if (!saved && error != nullptr) *error = save.error();
+  return saved;
 }
 
 bool IXMLDOMDocument::save(std::ostream& stream, DomError* error) const {
   if (node_ == nullptr) return refuse(error, {}, "there is no document");
-  if (dom::firstElement(node_) == nullptr) return refuse(error, {}, noElement);
+  if (dom::firstElement(node_) == nullptr) return refuse(error, {}, dom::noElement);
   StreamSink sink(stream);
   return (dom::writeXml(node_, sink) && stream.flush()) || refuse(error, {}, "cannot write the stream");
 }

@@ -11,7 +11,9 @@ bool ApiBaseXmlDocumentWrapper::initialize(std::string_view text) {
 
 bool ApiBaseXmlDocumentWrapper::load(const RWClassicCString& path) { return document_.load(path, &error_); }
 
-bool ApiBaseXmlDocumentWrapper::save(const RWClassicCString& path) { return document_.save(path, &error_); }
+bool ApiBaseXmlDocumentWrapper::save(const RWClassicCString& path, DomOverwrite overwrite) {
+  return document_.save(path, &error_, overwrite);
+}
 
 bool ApiBaseXmlDocumentWrapper::getRootElement(IXMLDOMElement& element) const {
   const IXMLDOMElement root = document_.documentElement();

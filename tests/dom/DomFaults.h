@@ -3,13 +3,13 @@
 #include <cerrno>
 #include <string>
 
-#include "../../platform/dom/DomFile.h"
+#include "../../platform/files/FileCalls.h"
 
 namespace domtest {
 
 // Makes the call at `failAt` fail, counted over all calls to the system that a save makes.
 struct Faults {
-  static inline dom::FileCalls real = dom::fileCalls;
+  static inline files::FileCalls real = files::fileCalls;
   static inline int calls = 0;
   static inline int failAt = -1;
   static inline int error = ENOSPC;
@@ -25,7 +25,7 @@ struct Faults {
     calls = 0;
     failAt = at;
     failed.clear();
-    dom::fileCalls = {
+    files::fileCalls = {
         [](const char* path, int flags, mode_t mode) {
           return fails("open") ? -1 : real.open(path, flags, mode);
         },
@@ -33,6 +33,8 @@ struct Faults {
           if (fails("write")) return -1;
           return real.write(file, bytes, size > 5 ? size - 5 : size);  // short writes too
         },
+        real.changeOwner,
+        real.setAttribute,
         [](int file, mode_t mode) { return fails("chmod") ? -1 : real.changeMode(file, mode); },
         [](int file) { return fails("fsync") ? -1 : real.sync(file); },
         [](int file) {
@@ -41,12 +43,14 @@ struct Faults {
           if (fail) errno = error;
           return fail ? -1 : result;
         },
-        [](const char* from, const char* to) { return fails("rename") ? -1 : real.rename(from, to); },
+        [](const char* from, const char* to, bool replace) {
+          return fails("rename") ? -1 : real.rename(from, to, replace);
+        },
         real.remove,
         real.lock,
     };
   }
-  static void clear() { dom::fileCalls = real; }
+  static void clear() { files::fileCalls = real; }
 };
 
 }  // namespace domtest

@@ -3,12 +3,39 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
-#include <system_error>
+#include <filesystem>
 
 namespace zelgen {
 
-namespace fs = std::filesystem;
+namespace {
+
+/// What a signal handler may look at: the name, and whether it is whole.
+char unfinished[4096];
+volatile std::sig_atomic_t hasUnfinished = 0;
+
+void remember(const std::string& name) {
+  hasUnfinished = 0;
+  if (name.empty() || name.size() >= sizeof unfinished) return;
+  std::memcpy(unfinished, name.c_str(), name.size() + 1);
+  hasUnfinished = 1;
+}
+
+extern "C" void removeUnfinished(int number) {
+  if (hasUnfinished) ::unlink(unfinished);
+  std::signal(number, SIG_DFL);
+  std::raise(number);
+}
+
+}  // namespace
+
+void removeUnfinishedFileOnSignals() {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    // One that the caller has switched off (nohup) stays off.
+    if (std::signal(number, removeUnfinished) == SIG_IGN) std::signal(number, SIG_IGN);
+  }
+}
 
 OutputFile::OutputFile(const std::string& target) : shown_(target) {
   if (target == "-") {
@@ -17,54 +44,48 @@ OutputFile::OutputFile(const std::string& target) : shown_(target) {
     return;
   }
   std::error_code ignored;
-  target_ = fs::weakly_canonical(target, ignored);
-  if (target_.empty()) target_ = target;
-  fs::path opened = target_;
-  const fs::file_status status = fs::status(target_, ignored);
-  if (!fs::exists(status) || fs::is_regular_file(status)) {
-    temporary_ = target_;
-    temporary_ += ".part" + std::to_string(getpid());
-    opened = temporary_;
+  const std::filesystem::file_status status = std::filesystem::status(target, ignored);
+  if (exists(status) && !is_regular_file(status)) {
+    errno = 0;
+    file_ = std::fopen(target.c_str(), "wb");
+    if (!file_) fail(std::strerror(errno));
+    return;
   }
-  errno = 0;
-  file_ = std::fopen(opened.c_str(), "wb");
-  if (!file_) {
-    temporary_.clear();
-    fail("cannot open");
-  }
+  replacement_.emplace();
+  if (!replacement_->begin(target, nullptr)) fail(replacement_->reason());
+  remember(replacement_->temporary());
 }
 
 OutputFile::~OutputFile() {
   if (file_ && file_ != stdout) std::fclose(file_);
-  std::error_code ignored;
-  if (!temporary_.empty()) fs::remove(temporary_, ignored);
+  replacement_.reset();
+  remember({});
 }
 
-bool OutputFile::fail(const std::string& what) {
-  if (error_.empty()) error_ = what + " " + shown_ + ": " + std::strerror(errno);
+bool OutputFile::fail(const std::string& why) {
+  if (error_.empty()) error_ = shown_ + ": " + why;
   return false;
 }
 
 bool OutputFile::write(std::string_view bytes) {
   if (!error_.empty()) return false;
-  return std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() || fail("cannot write");
+  if (replacement_) return replacement_->write(bytes) || fail(replacement_->reason());
+  return std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size() || fail(std::strerror(errno));
 }
 
 bool OutputFile::commit() {
   if (!error_.empty()) return false;
+  if (replacement_) {
+    if (!replacement_->prepare() || !replacement_->commit()) return fail(replacement_->reason());
+    for (const std::string& warning : replacement_->warnings())
+      std::fprintf(stderr, "zelgen: %s: %s\n", shown_.c_str(), warning.c_str());
+    remember({});
+    return true;
+  }
   // What the stream still holds goes out here, so a disk that is full by now shows in the result.
   std::FILE* const file = file_;
   file_ = nullptr;
-  if (std::fclose(file) != 0) return fail("cannot write");
-  if (temporary_.empty()) return true;
-  std::error_code failure;
-  fs::rename(temporary_, target_, failure);
-  if (failure) {
-    errno = failure.value();
-    return fail("cannot replace");
-  }
-  temporary_.clear();
-  return true;
+  return std::fclose(file) == 0 || fail(std::strerror(errno));
 }
 
 }  // namespace zelgen

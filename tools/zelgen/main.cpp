@@ -34,12 +34,16 @@ int writeFrom(const std::string& study, const Options& options, Generate generat
               const std::string& output) {
   if (const auto reason = zelgen::whyRefused(options)) return fail(*reason);
   std::error_code ignored;
-  if (output != "-" && std::filesystem::equivalent(study, output, ignored)) {
+  if (output != "-" && study != "-" && std::filesystem::equivalent(study, output, ignored)) {
     return fail("-o " + output + " would overwrite the study");
   }
   const auto document = IXMLDOMDocument::create();
   DomError error;
-  if (!document.load(study, &error)) return fail(error.message());
+  const bool isStandard = study == "-";
+  if (!(isStandard ? document.load(std::cin, &error) : document.load(study, &error))) {
+    if (isStandard) error.file = "standard input";
+    return fail(error.message());
+  }
   zelgen::OutputFile file(output);
   std::string reason;
   const bool written = generate(
@@ -63,11 +67,13 @@ int run(int argc, char** argv) {
   const CLI::Validator unsignedNumber(
       [](std::string& text) { return text.starts_with('-') ? text + " is less than 0" : std::string(); }, "");
   CLI::Option* objects = app.add_option("-n,--objects", options.objects, "Object elements in the study");
-  CLI::Option* updateOf = app.add_option("--update-of", study, "Write an update for this study instead")
-                              ->type_name("STUDY")
-                              ->excludes(objects);
+  CLI::Option* updateOf =
+      app.add_option("--update-of", study, "Write an update for this study instead; - is the standard input")
+          ->type_name("STUDY")
+          ->excludes(objects);
   CLI::Option* externalOf =
-      app.add_option("--external-of", externalStudy, "Write an external document for this study instead")
+      app.add_option("--external-of", externalStudy,
+                     "Write an external document for this study instead; - is the standard input")
           ->type_name("STUDY")
           ->excludes(objects)
           ->excludes(updateOf);
@@ -133,6 +139,7 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
   // A reader that went away is a failed write like any other, not a silent death.
   std::signal(SIGPIPE, SIG_IGN);
+  zelgen::removeUnfinishedFileOnSignals();
   try {
     return run(argc, argv);
   } catch (const std::exception& error) {

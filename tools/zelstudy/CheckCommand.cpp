@@ -7,6 +7,7 @@
 
 #include "zelstudy/NodeJson.h"
 #include "zelstudy/Progress.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/StudyCheck.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
@@ -145,11 +146,11 @@ int run(const Tool& tool, const CheckArguments& arguments) {
   std::vector<CheckedFile> checked;
   for (const std::string& file : arguments.files) {
     CheckedFile& each = checked.emplace_back();
-    each.file = file;
+    each.file = inputName(file);
     IXMLDOMDocument document;
     each.isRead = loadStudy(file, document);
     if (!each.isRead) continue;
-    const Progress progress("checking " + file);
+    const Progress progress("checking " + each.file);
     each.result = checkStudy(document, arguments.options);
   }
   const auto any = [&](auto test) { return std::any_of(checked.begin(), checked.end(), test); };

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "zelstudy/Progress.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/StudyDiff.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
@@ -114,7 +115,9 @@ void printText(const StudyDiff& diff) {
 
 int run(const Tool& tool, const DiffArguments& arguments) {
   IXMLDOMDocument before, after;
-  if (!loadStudy(arguments.before, before) || !loadStudy(arguments.after, after)) return exitFailure;
+  if (!canReadBoth("OLD", arguments.before, "NEW", arguments.after) || !loadStudy(arguments.before, before) ||
+      !loadStudy(arguments.after, after))
+    return exitFailure;
   StudyDiff diff;
   {
     const Progress progress("comparing");

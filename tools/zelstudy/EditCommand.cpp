@@ -21,17 +21,18 @@ struct EditArguments {
   bool inPlace = false;
   std::string changesFile;
   bool keepGoing = false;
+  bool force = false;
 
-  std::string scriptName() const { return script == "-" ? "standard input" : script; }
+  std::string scriptName() const { return inputName(script); }
   // Where the study goes; empty for a dry run.
   const std::string& studyFile() const { return inPlace ? file : newFile; }
 };
 
 bool readText(const EditArguments& arguments, std::string& text, std::string& error) {
   std::ifstream file;
-  std::istream& in = arguments.script == "-" ? std::cin : file;
+  std::istream& in = isStandard(arguments.script) ? std::cin : file;
   errno = 0;
-  if (arguments.script != "-") file.open(arguments.script, std::ios::binary);
+  if (!isStandard(arguments.script)) file.open(arguments.script, std::ios::binary);
   char piece[65536];
   while (in.read(piece, sizeof piece) || in.gcount())
     text.append(piece, static_cast<std::size_t>(in.gcount()));
@@ -55,6 +56,14 @@ bool readScript(const EditArguments& arguments, std::vector<ScriptOperation>& op
   return errors.empty();
 }
 
+bool inputsAreApart(const EditArguments& arguments) {
+  if (arguments.inPlace && isStandard(arguments.file)) {
+    say("standard input has no place to save to: give -o NEW");
+    return false;
+  }
+  return canReadBoth("FILE", arguments.file, "SCRIPT", arguments.script);
+}
+
 // An output must not replace what the command reads or writes besides; -o may name the study itself.
 bool outputsAreApart(const EditArguments& arguments) {
   return spares("--out", arguments.changesFile, arguments.file) &&
@@ -65,7 +74,10 @@ bool outputsAreApart(const EditArguments& arguments) {
 
 int run(const Tool& tool, const EditArguments& arguments) {
   std::vector<ScriptOperation> operations;
-  if (!outputsAreApart(arguments) || !readScript(arguments, operations)) return exitFailure;
+  Outputs outputs(arguments.studyFile(), arguments.changesFile, arguments.force);
+  if (!inputsAreApart(arguments) || !outputs.areApart() || !outputsAreApart(arguments) ||
+      !readScript(arguments, operations))
+    return exitFailure;
   StudySession study;
   if (!openStudy(study, arguments.file, tool.session)) return exitFailure;
   if (!study.builtWhole()) {
@@ -91,18 +103,16 @@ int run(const Tool& tool, const EditArguments& arguments) {
   }
   if (arguments.studyFile().empty()) say("the study is not saved: give -o NEW or --in-place to save it");
 
+  if (!answersWritten()) return exitFailure;
   const Progress progress("saving");
-  std::string error;
-  if (!saveFiles(study, arguments.studyFile(), changes, arguments.changesFile, error)) {
-    say(error);
-    return exitFailure;
-  }
+  if (!outputs.save(study, changes)) return exitFailure;
   return outcome.refused ? exitFindings : exitSuccess;
 }
 
 std::string help() {
   std::string text =
-      "SCRIPT has one operation per line; - reads standard input. Words are parted by blanks; a word in\n"
+      "SCRIPT has one operation per line. - as a file is standard input or output. Words are parted by "
+      "blanks; a word in\n"
       "double quotes may hold blanks, and \\\" \\\\ \\n \\t. # starts a comment.\n\n"
       "Operations:\n";
   std::size_t width = 0;
@@ -136,6 +146,7 @@ void addEditCommand(CLI::App& app, Tool& tool) {
       ->type_name("OUT")
       ->check(named);
   command->add_flag("--keep-going", arguments->keepGoing, "Go on, and save, after a refused operation");
+  addForce(*command, arguments->force);
   addCommonOptions(*command, tool);
   command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });
 }

@@ -80,6 +80,7 @@ class RootNode {
 };
 
 int run(const Tool& tool, const ImportArguments& arguments) {
+  Outputs outputs = arguments.files.outputs();
   StudySession study;
   IXMLDOMDocument external;
   if (!openIntake(arguments.files, "external document", tool.session, study, external)) return exitFailure;
@@ -98,7 +99,7 @@ int run(const Tool& tool, const ImportArguments& arguments) {
     refusal += (i == firstMessage ? ": " : ", ") + study.messages()[i].code;
     for (const std::string& text : study.messages()[i].texts) refusal += " \"" + text + "\"";
   }
-  return finishIntake(study, arguments.files, result, refusal);
+  return finishIntake(study, outputs, arguments.files, result, refusal);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 
 #include "zelstudy/Progress.h"
-#include "zelstudy/SaveFiles.h"
 #include "zelstudy/Tool.h"
 
 namespace zelstudy {
@@ -38,11 +37,17 @@ void addIntakeOptions(CLI::App& command, IntakeArguments& arguments, const std::
   command.add_flag("--dry-run", arguments.dryRun, "Tell what would come, and save nothing")
       ->excludes(output)
       ->excludes(inPlace);
+  addForce(command, arguments.force);
 }
 
 bool openIntake(const IntakeArguments& arguments, std::string_view kind, const SessionSettings& settings,
                 StudySession& study, IXMLDOMDocument& other) {
-  if (!spares("-o", arguments.newFile, arguments.other) || !loadStudy(arguments.other, other, kind) ||
+  if (arguments.inPlace && isStandard(arguments.file)) {
+    say("standard input has no place to save to: give -o NEW");
+    return false;
+  }
+  if (!canReadBoth("FILE", arguments.file, "the " + std::string(kind), arguments.other) ||
+      !spares("-o", arguments.newFile, arguments.other) || !loadStudy(arguments.other, other, kind) ||
       !openStudy(study, arguments.file, settings)) {
     return false;
   }
@@ -58,21 +63,19 @@ void addStudyState(Json& answer, const StudySession& study, std::size_t firstMes
   answer["parents"] = parentsJson(study.wrapper());
 }
 
-int finishIntake(const StudySession& study, const IntakeArguments& arguments, bool result,
+int finishIntake(const StudySession& study, Outputs& outputs, const IntakeArguments& arguments, bool result,
                  std::string_view refusal) {
   if (!result) {
-    say((arguments.other + ": ").append(refusal) + "; nothing is saved");
+    say((inputName(arguments.other) + ": ").append(refusal) + "; nothing is saved");
     return exitFindings;
   }
   if (arguments.studyFile().empty()) {
     if (!arguments.dryRun) say("the study is not saved: give -o NEW or --in-place to save it");
     return exitSuccess;
   }
+  if (!answersWritten()) return exitFailure;
   const Progress progress("saving");
-  std::string error;
-  if (study.save(arguments.studyFile(), error)) return exitSuccess;
-  say(error);
-  return exitFailure;
+  return outputs.save(study, {}) ? exitSuccess : exitFailure;
 }
 
 }  // namespace zelstudy

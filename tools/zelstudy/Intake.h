@@ -6,6 +6,7 @@
 
 #include "dom/IXMLDOMDocument.h"
 #include "zelstudy/NodeJson.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/SessionSettings.h"
 #include "zelstudy/StudySession.h"
 
@@ -22,12 +23,14 @@ struct IntakeArguments {
   std::string newFile;
   bool inPlace = false;
   bool dryRun = false;
+  bool force = false;
 
   // Where the study goes; empty for a dry run.
   std::string studyFile() const { return dryRun ? std::string() : inPlace ? file : newFile; }
+  Outputs outputs() const { return {studyFile(), {}, force}; }
 };
 
-// FILE, then the second document under its own name, -o, --in-place and --dry-run.
+// FILE, then the second document under its own name, -o, --in-place, --dry-run and --force.
 void addIntakeOptions(CLI::App& command, IntakeArguments& arguments, const std::string& otherName,
                       const std::string& otherHelp);
 
@@ -41,7 +44,7 @@ void addStudyState(Json& answer, const StudySession& study, std::size_t firstMes
 
 // Saves the study where it is to go, or says that it is not saved. With a false `result` nothing is saved,
 // and `refusal` says why. Answers the exit code.
-int finishIntake(const StudySession& study, const IntakeArguments& arguments, bool result,
+int finishIntake(const StudySession& study, Outputs& outputs, const IntakeArguments& arguments, bool result,
                  std::string_view refusal);
 
 }  // namespace zelstudy

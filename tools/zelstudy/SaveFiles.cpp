@@ -1,16 +1,18 @@
 #include "zelstudy/SaveFiles.h"
 
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
+#include <CLI/CLI.hpp>
 #include <filesystem>
+#include <iostream>
+#include <utility>
 
 #include "zelstudy/Tool.h"
 
 namespace zelstudy {
 
 namespace fs = std::filesystem;
+
+std::string inputName(const std::string& file) { return isStandard(file) ? "standard input" : file; }
+std::string outputName(const std::string& file) { return isStandard(file) ? "standard output" : file; }
 
 bool isSameFile(const std::string& a, const std::string& b) {
   std::error_code error;
@@ -21,9 +23,22 @@ bool isSameFile(const std::string& a, const std::string& b) {
 }
 
 bool spares(const std::string& option, const std::string& output, const std::string& other) {
-  if (output.empty() || other.empty() || !isSameFile(output, other)) return true;
+  if (output.empty() || other.empty() || isStandard(output) || isStandard(other) ||
+      !isSameFile(output, other))
+    return true;
   say(option + " " + output + " would overwrite " + other);
   return false;
+}
+
+bool canReadBoth(const std::string& name, const std::string& file, const std::string& otherName,
+                 const std::string& other) {
+  if (!isStandard(file) || !isStandard(other)) return true;
+  say(name + " and " + otherName + " cannot both be standard input");
+  return false;
+}
+
+void addForce(CLI::App& command, bool& force) {
+  command.add_flag("--force", force, "Save even over a file that was changed after it was read");
 }
 
 namespace {
@@ -38,64 +53,90 @@ IXMLDOMDocument withElement(const IXMLDOMDocument& changes) {
   return changes;
 }
 
-// What a link leads to; the name itself if it is none.
-fs::path followed(const fs::path& name) {
-  std::error_code ignored;
-  return fs::is_symlink(name, ignored) ? fs::weakly_canonical(name, ignored) : name;
+void advise(DomError& error) {
+  if (error.outdated) error.reason += "; nothing is saved: run the command again, or give --force";
 }
 
-// A file that is written beside its place and takes the place later, or goes.
-class StagedFile {
- public:
-  explicit StagedFile(const std::string& name) : target_(followed(name)) {}
-  ~StagedFile() {
-    std::error_code ignored;
-    if (!staged_.empty()) fs::remove(staged_, ignored);
-  }
-  StagedFile(const StagedFile&) = delete;
-  StagedFile& operator=(const StagedFile&) = delete;
-
-  bool write(const IXMLDOMDocument& document, std::string& error) {
-    std::error_code code;
-    const fs::file_status former = fs::status(target_, code);
-    if (fs::exists(former)) {
-      if (!fs::is_regular_file(former)) return refuse(error, "the target is not a regular file");
-      // A rename would pass over the write protection of a file.
-      if (::access(target_.c_str(), W_OK) != 0) return refuse(error, std::strerror(errno));
-    }
-    staged_ = target_.parent_path() / (".zelstudy." + std::to_string(::getpid()) + ".out");
-    DomError reason;
-    if (!document.save(staged_.string(), &reason)) return refuse(error, reason.reason);
-    if (fs::exists(former)) fs::permissions(staged_, former.permissions(), code);
-    return true;
-  }
-
-  bool commit(std::string& error) {
-    std::error_code code;
-    fs::rename(staged_, target_, code);
-    const fs::path staged = std::exchange(staged_, {});
-    if (code) return refuse(error, code.message() + "; the change commands stand in " + staged.string());
-    return true;
-  }
-
- private:
-  bool refuse(std::string& error, const std::string& reason) const {
-    error = target_.string() + ": " + reason;
-    return false;
-  }
-
-  fs::path target_;
-  fs::path staged_;
-};
+void sayWarnings(const std::string& file, const DomSave& save) {
+  for (const std::string& warning : save.warnings()) say(file + ": " + warning);
+}
 
 }  // namespace
 
-bool saveFiles(const StudySession& study, const std::string& studyFile, const IXMLDOMDocument& changes,
-               const std::string& changesFile, std::string& error) {
-  StagedFile staged(changesFile);
-  if (!changesFile.empty() && !staged.write(withElement(changes), error)) return false;
-  if (!studyFile.empty() && !study.save(studyFile, error)) return false;
-  return changesFile.empty() || staged.commit(error);
+Outputs::Outputs(std::string study, std::string changes, bool force)
+    : study_(std::move(study)),
+      changes_(std::move(changes)),
+      overwrite_(force ? DomOverwrite::any : DomOverwrite::known),
+      standardOutput_(isStandard(study_) || isStandard(changes_) ? std::cout.rdbuf(std::cerr.rdbuf())
+                                                                 : nullptr) {}
+
+Outputs::~Outputs() {
+  if (standardOutput_) std::cout.rdbuf(standardOutput_);
+}
+
+bool Outputs::areApart() const {
+  if (!isStandard(study_) || !isStandard(changes_)) return true;
+  say("-o and --out cannot both be standard output");
+  return false;
+}
+
+bool Outputs::writeStandard(const IXMLDOMDocument& document, DomError& error) const {
+  std::ostream out(standardOutput_);
+  if (document.save(out, &error)) return true;
+  error.file = outputName("-");
+  return false;
+}
+
+bool Outputs::refuse(DomError error) {
+  advise(error);
+  say(error.message());
+  return false;
+}
+
+bool Outputs::save(const StudySession& study, const IXMLDOMDocument& changes) {
+  DomError error;
+  const bool toFiles[] = {!study_.empty() && !isStandard(study_), !changes_.empty() && !isStandard(changes_)};
+  if (toFiles[1] && !changesSave_.prepare(withElement(changes), changes_))
+    return refuse(changesSave_.error());
+  if (toFiles[0] && !study.wrapper().prepareWrite(studySave_, study_, overwrite_))
+    return refuse(studySave_.error());
+  if (isStandard(study_)) {
+    std::ostream out(standardOutput_);
+    if (!study.wrapper().write(out)) {
+      say(outputName(study_) + ": cannot be written; nothing is saved");
+      return false;
+    }
+  }
+  if (isStandard(changes_) && !writeStandard(withElement(changes), error)) return refuse(error);
+  if (toFiles[0] && !studySave_.commit()) return refuse(studySave_.error());
+  if (toFiles[0]) sayWarnings(study_, studySave_);
+  if (toFiles[1] && !changesSave_.commit()) {
+    error = changesSave_.error();
+    if (const std::string kept = changesSave_.keep(); !kept.empty())
+      error.reason += "; the change commands stand in " + kept;
+    return refuse(error);
+  }
+  if (toFiles[1]) sayWarnings(changes_, changesSave_);
+  return true;
+}
+
+bool Outputs::prepare(const IXMLDOMDocument& document, DomError& error) {
+  standard_ = document;
+  if (isStandard(study_) || studySave_.prepare(document, study_, overwrite_)) return true;
+  error = studySave_.error();
+  advise(error);
+  return false;
+}
+
+bool Outputs::commit(DomError& error) {
+  if (isStandard(study_)) return writeStandard(standard_, error);
+  if (studySave_.commit()) {
+    sayWarnings(study_, studySave_);
+    return true;
+  }
+  error = studySave_.error();
+  advise(error);
+  return false;
 }
 
 }  // namespace zelstudy

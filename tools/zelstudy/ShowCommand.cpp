@@ -7,6 +7,7 @@
 #include "zel/ZelVorLabel.h"
 #include "zelstudy/NodeJson.h"
 #include "zelstudy/NodeNames.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/StudyPlaces.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
@@ -122,7 +123,7 @@ int run(const Tool& tool, const ShowArguments& arguments) {
   const ApiPmId id(arguments.id);
   const ZelNode* node = study.find(id);
   if (!node) {
-    say(arguments.file + ": " + study.whyNoNode(id));
+    say(inputName(arguments.file) + ": " + study.whyNoNode(id));
     return exitFindings;
   }
   const Json json = nodeJson(study, *node, id, arguments.places);

@@ -1,9 +1,12 @@
 #include "zelstudy/StudySession.h"
 
+#include <iostream>
+
 #include "api/ApiPmSessionManager.h"
 #include "wrapper/zelXmlInit.h"
 #include "zel/ZelWrapperFactory.h"
 #include "zelstudy/Progress.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/Tool.h"
 
 namespace zelstudy {
@@ -19,14 +22,17 @@ std::string whatElse(const IXMLDOMDocument& document) {
 
 bool readStudy(const std::string& fileName, std::string_view kind, IXMLDOMDocument& document,
                std::string& error) {
-  const Progress progress("opening " + fileName);
+  const std::string name = inputName(fileName);
+  const Progress progress("opening " + name);
   document = IXMLDOMDocument::create();
   DomError reason;
   IXMLDOMNode section;
-  if (!document.load(fileName, &reason))
+  if (!(isStandard(fileName) ? document.load(std::cin, &reason) : document.load(fileName, &reason))) {
+    reason.file = name;
     error = reason.message();
-  else if (!document.selectSingleNode("Data/Objects", section))
-    error = (fileName + ": no ").append(kind) + ": " + whatElse(document);
+  } else if (!document.selectSingleNode("Data/Objects", section)) {
+    error = (name + ": no ").append(kind) + ": " + whatElse(document);
+  }
   return error.empty();
 }
 
@@ -103,16 +109,6 @@ std::string StudySession::whyNoNode(const ApiPmId& id) const {
   return nameElement(element, id) + ", is an object without a node";
 }
 
-bool StudySession::save(const std::string& fileName, std::string& error) const {
-  if (wrapper_->write(fileName)) return true;
-  // The wrapper tells no reason. The session's data stand in the document by now: saving that once more
-  // finds the reason, or does what failed for a moment.
-  DomError reason;
-  if (wrapper_->DOMDocument().save(fileName, &reason)) return true;
-  error = reason.message();
-  return false;
-}
-
 bool loadStudy(const std::string& fileName, IXMLDOMDocument& document, std::string_view kind) {
   std::string error;
   if (readStudy(fileName, kind, document, error)) return true;
@@ -127,7 +123,7 @@ bool openStudy(StudySession& study, const std::string& fileName, const SessionSe
     return false;
   }
   if (!study.builtWhole())
-    say(fileName + ": the study could not be built whole: nodes or variant sets may be missing");
+    say(inputName(fileName) + ": the study could not be built whole: nodes or variant sets may be missing");
   return true;
 }
 

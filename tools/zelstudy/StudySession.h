@@ -22,9 +22,9 @@ class StudySession {
   StudySession(const StudySession&) = delete;
   StudySession& operator=(const StudySession&) = delete;
 
-  // Opens a study with a session of mode 2 and what `settings` says. What a study keeps of a session is read
-  // from it; a member that `settings` names stays as it was given. False, with the reason in `error`, for a
-  // file that cannot be read and a document without Data/Objects.
+  // Opens a study, of "-" from standard input, with a session of mode 2 and what `settings` says. What a
+  // study keeps of a session is read from it; a member that `settings` names stays as it was given. False,
+  // with the reason in `error`, for a file that cannot be read and a document without Data/Objects.
   bool open(const std::string& fileName, const SessionSettings& settings, std::string& error);
 
   // False when a part of the study could not be built: nodes may be missing then, and the session data of the
@@ -45,9 +45,6 @@ class StudySession {
 
   const std::vector<ApiErrEntry>& messages() const { return messages_; }
 
-  // Saves the study with the session's data in it; all or nothing.
-  bool save(const std::string& fileName, std::string& error) const;
-
  private:
   std::unique_ptr<ZelWrapper> owned_;
   ZelXmlWrapper* wrapper_ = nullptr;
@@ -57,8 +54,9 @@ class StudySession {
   ApiErrStream::Sink formerSink_;
 };
 
-// Reads the document of a study, or of another `kind` that holds objects, without a session. False, with a
-// message for people, for a file that cannot be read and a document without Data/Objects.
+// Reads the document of a study ("-" is standard input), or of another `kind` that holds objects, without a
+// session. False, with a message for people, for a file that cannot be read and a document without
+// Data/Objects.
 bool loadStudy(const std::string& fileName, IXMLDOMDocument& document, std::string_view kind = "study");
 
 // Opens a study for a command, with messages for people: why it could not be opened, and how many messages

@@ -18,6 +18,12 @@ void say(std::string_view message) {
   std::cerr << "zelstudy: " << printable(message) << std::endl;
 }
 
+bool answersWritten() {
+  if (std::cout.flush()) return true;
+  say("standard output cannot be written; nothing is saved");
+  return false;
+}
+
 void addCommonOptions(CLI::App& app, Tool& tool) {
   app.add_flag("--json", tool.json, "JSON instead of text for people");
   app.add_option_function<std::string>(

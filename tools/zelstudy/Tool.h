@@ -61,4 +61,8 @@ int runTool(int argc, char** argv);
 // One line to standard error.
 void say(std::string_view message);
 
+// Whether all that was printed has reached standard output; with a message when it has not. To be asked
+// before anything is saved: who cannot read the answer is not to find the files changed.
+bool answersWritten();
+
 }  // namespace zelstudy

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "zelstudy/NodeJson.h"
+#include "zelstudy/SaveFiles.h"
 #include "zelstudy/StudyPlaces.h"
 #include "zelstudy/StudySession.h"
 #include "zelstudy/TextOutput.h"
@@ -99,7 +100,7 @@ int run(const Tool& tool, const TreeArguments& arguments) {
     const ApiPmId id(*arguments.root);
     ZelNode* node = study.find(id);
     if (!node) {
-      say(arguments.file + ": " + study.whyNoNode(id));
+      say(inputName(arguments.file) + ": " + study.whyNoNode(id));
       return exitFindings;
     }
     roots.append(node);

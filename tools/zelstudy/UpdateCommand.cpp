@@ -49,6 +49,7 @@ int run(const Tool& tool, const UpdateArguments& arguments) {
     say(arguments.filesCache + ": cannot be used as a files cache");
     return exitFailure;
   }
+  Outputs outputs = arguments.files.outputs();
   StudySession study;
   IXMLDOMDocument update;
   if (!openIntake(arguments.files, "update", tool.session, study, update)) return exitFailure;
@@ -63,7 +64,7 @@ int run(const Tool& tool, const UpdateArguments& arguments) {
                          : wrapper.update(outcome.deleted, outcome.updated, arguments.download);
   }
   tool.json ? printJson(study, outcome) : printText(study, outcome);
-  return finishIntake(study, arguments.files, outcome.result,
+  return finishIntake(study, outputs, arguments.files, outcome.result,
                       "the update could not be taken in whole: a referenced file or a child to remove is "
                       "missing");
 }

@@ -20,8 +20,11 @@ struct UpdateFileArguments {
   std::string update;
   std::string root;
   std::string newFile;
+  bool force = false;
 
   const std::string& savedFile() const { return newFile.empty() ? target : newFile; }
+  // As the library opens it.
+  std::string targetPath() const { return isStandard(target) ? "/dev/stdin" : target; }
 };
 
 void print(const Tool& tool, const StudySession& study, const UpdateFileArguments& arguments, bool result,
@@ -29,7 +32,7 @@ void print(const Tool& tool, const StudySession& study, const UpdateFileArgument
   if (tool.json) {
     std::cout << jsonText({{"result", result},
                            {"reason", result ? Json() : Json(reason)},
-                           {"saved", result ? Json(arguments.savedFile()) : Json()},
+                           {"saved", result ? Json(outputName(arguments.savedFile())) : Json()},
                            {"messages", messagesJson(study.messages(), firstMessage)}},
                           2)
               << '\n';
@@ -37,21 +40,28 @@ void print(const Tool& tool, const StudySession& study, const UpdateFileArgument
   }
   Table table;
   table.row({"result", result ? "true" : "false"});
-  if (result) table.row({"saved", arguments.savedFile()});
+  if (result) table.row({"saved", outputName(arguments.savedFile())});
   table.print(std::cout);
 }
 
 int run(const Tool& tool, const UpdateFileArguments& arguments) {
   IXMLDOMDocument update;
   StudySession study;
+  Outputs outputs(arguments.savedFile(), {}, arguments.force);
   const std::string option = arguments.newFile.empty() ? "TARGET" : "-o";
-  if (!spares(option, arguments.savedFile(), arguments.study) ||
+  if (!canReadBoth("TARGET", arguments.target, "--study", arguments.study) ||
+      !canReadBoth("TARGET", arguments.target, "--update", arguments.update) ||
+      !canReadBoth("--study", arguments.study, "--update", arguments.update) ||
+      !spares(option, arguments.savedFile(), arguments.study) ||
       !spares(option, arguments.savedFile(), arguments.update) ||
       !loadStudy(arguments.update, update, "update") || !openStudy(study, arguments.study, tool.session)) {
     return exitFailure;
   }
   const std::size_t firstMessage = study.messages().size();
-  ZelXmlUpdateXmlWrapper wrapper(arguments.target, arguments.savedFile());
+  ZelXmlUpdateXmlWrapper wrapper(arguments.targetPath(), arguments.savedFile());
+  wrapper.setSaver([&outputs](const IXMLDOMDocument& document, const std::string&, DomError& error) {
+    return outputs.prepare(document, error);
+  });
   bool result = false;
   {
     const Progress progress("updating " + arguments.target);
@@ -60,7 +70,13 @@ int run(const Tool& tool, const UpdateFileArguments& arguments) {
   }
   const ZelXmlUpdateXmlWrapper::Failure& failure = wrapper.lastFailure();
   print(tool, study, arguments, result, failure.text, firstMessage);
-  if (result) return exitSuccess;
+  if (result) {
+    DomError error;
+    if (!answersWritten()) return exitFailure;
+    if (outputs.commit(error)) return exitSuccess;
+    say(error.message());
+    return exitFailure;
+  }
   say(failure.text + (failure.ofFile ? "" : "; nothing is saved"));
   return failure.ofFile ? exitFailure : exitFindings;
 }
@@ -84,6 +100,7 @@ void addUpdateFileCommand(CLI::App& app, Tool& tool) {
       ->required()
       ->type_name("ID");
   command->add_option("-o", arguments->newFile, "Save here and leave TARGET as it is")->type_name("NEW");
+  addForce(*command, arguments->force);
   addCommonOptions(*command, tool);
   command->callback([&tool, arguments] { tool.run = [&tool, arguments] { return run(tool, *arguments); }; });
 }

@@ -163,6 +163,12 @@ bool ZelXmlUpdateXmlWrapper::internalUpdateDOMDocument(const ApiPmId& rootId,
   if (!update(updated, handled, true)) return failed("a file that the update refers to cannot be fetched");
   return updateNodesWithNoZelXmlRep(updateDocument) && addMissingChildItemToParentsOfHandledNodes(handled) &&
          (!isInStudy || updateMarvekStudyNodeShortcutData(shown.shortcut, shown.info)) &&
-         handleRemovalOfNodesSuspectedAsOrphans(suspects) &&
-         (wrappedDocument_.save(savePath_) || failed(wrappedDocument_.lastError().message(), true));
+         handleRemovalOfNodesSuspectedAsOrphans(suspects) && save();
+}
+
+bool ZelXmlUpdateXmlWrapper::save() {
+  if (!saver_)
+    return wrappedDocument_.save(savePath_) || failed(wrappedDocument_.lastError().message(), true);
+  DomError error;
+  return saver_(wrappedDocument_.xmlDocument(), savePath_, error) || failed(error.message(), true);
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "api/ApiBaseXmlDocumentWrapper.h"
@@ -32,6 +34,12 @@ class ZelXmlUpdateXmlWrapper : public ZelXmlWrapper {
   // differ from that of the session's document. False for a file that cannot be read and when referenced
   // files cannot be fetched; an update is then refused until a build succeeds.
   bool buildToWrapDocumentToBeUpdated();
+
+  // Who saves the document at the end of an update, to `savePath`: a save of its own if none is given. A
+  // false of it, with the reason in `error`, is a refusal of the update.
+  using Saver =
+      std::function<bool(const IXMLDOMDocument& document, const std::string& savePath, DomError& error)>;
+  void setSaver(Saver saver) { saver_ = std::move(saver); }
 
   // Takes the update in and saves. The object `rootId` is to be shown by the study of the session, whose id
   // is that of the wrapped one, or to have a parent in the wrapped document. In the first case the shortcut,
@@ -114,9 +122,11 @@ class ZelXmlUpdateXmlWrapper : public ZelXmlWrapper {
 
   // Keeps the reason; false.
   bool failed(std::string text, bool ofFile = false);
+  bool save();
 
   RWClassicCString documentPath_;
   RWClassicCString savePath_;
+  Saver saver_;
   ApiBaseXmlDocumentWrapper wrappedDocument_;
   RWClassicWString alternativeCachedId_;
   // Registrations that this wrapper has made and not taken back: those of calls that failed.

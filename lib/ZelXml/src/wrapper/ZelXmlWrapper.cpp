@@ -6,6 +6,7 @@
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "api/ApiVorTools.h"
 #include "document/ZelXmlFunctions.h"
+#include "dom/DomSave.h"
 #include "node/ZelXmlNode.h"
 #include "wrapper/ZelXmlBehaviorRestrictionsMgr.h"
 
@@ -115,6 +116,12 @@ bool ZelXmlWrapper::read() {
 bool ZelXmlWrapper::write(const RWClassicWString& fileName) const {
   writeSessionMngInformation();
   return DOMDocument().save(fileName);
+}
+
+bool ZelXmlWrapper::prepareWrite(DomSave& save, const RWClassicWString& fileName,
+                                 DomOverwrite overwrite) const {
+  writeSessionMngInformation();
+  return save.prepare(DOMDocument(), fileName, overwrite);
 }
 
 bool ZelXmlWrapper::write(std::ostream& stream) const {

@@ -10,6 +10,7 @@
 #include "wrapper/ZelXmlIdConvertor.h"
 #include "zel/ZelWrapper.h"
 
+class DomSave;
 class ZelVorLabel;
 class ZelXmlNode;
 
@@ -67,6 +68,9 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   // ZelVorWrapper
   bool write(std::ostream& stream) const override;
   bool write(const RWClassicWString& fileName) const override;
+  // The first step of such a save: the caller commits it, and hears from it why it was refused.
+  bool prepareWrite(DomSave& save, const RWClassicWString& fileName,
+                    DomOverwrite overwrite = DomOverwrite::known) const;
   bool read() override;
   bool findShortcut(const ApiPmId& id, ApiPmId& shortcut) const override;
   IXMLDOMDocument DOMDocument() override;
