@@ -81,7 +81,7 @@ Result failingCalls(const Run& run) {
       Faults::set(failAt);
       if (run.planted) files::fileCalls.remove = [](const char*) { return 0; };
       DomError error;
-      const bool saved = document.save(target, &error);
+      const bool saved = document.save(target, &error, DomOverwrite::any);
       Faults::clear();
       if (Faults::failed.empty()) break;
       ++result.count;
@@ -99,7 +99,7 @@ Result failingCalls(const Run& run) {
     errno = ENOLCK;
     return -1;
   };
-  const bool saved = document.save(target);
+  const bool saved = document.save(target, nullptr, DomOverwrite::any);
   domtest::Faults::clear();
   if (!saved || folder.files() != 1) return {result.count, "no save without file locks"};
   return result;

@@ -60,9 +60,13 @@ bool FileLock::take(const std::filesystem::path& target) {
     name_ = nameBeside(target, std::to_string(number) + ".lock");
     file_ = openLock(name_);
     if (file_ < 0) {
-      const bool isOthers = errno == EACCES && ::access(name_.c_str(), F_OK) == 0;
-      if (!isOthers && errno != ELOOP && errno != EISDIR && errno != ENXIO && errno != EEXIST) return false;
-      if (errno == EEXIST) continue;  // another one was faster
+      const int error = errno;
+      if (error == EEXIST) continue;  // another one was faster
+      const bool isOthers = error == EACCES && ::access(name_.c_str(), F_OK) == 0;
+      if (!isOthers && error != ELOOP && error != EISDIR && error != ENXIO) {
+        errno = error;
+        return false;
+      }
       if (isOthers && looks < stuck) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         continue;

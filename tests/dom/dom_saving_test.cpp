@@ -40,7 +40,7 @@ TEST_F(DomSaving, EveryFailingStepLeavesTheFormerFileWhole) {
     std::ofstream(target_) << "<former/>";
     Faults::set(failAt);
     DomError error;
-    const bool saved = document.save(target_, &error);
+    const bool saved = document.save(target_, &error, DomOverwrite::any);
     Faults::clear();
     EXPECT_EQ(folder_.files().size(), 1u) << "a temporary file is left after " << Faults::failed;
     EXPECT_EQ(contentOf(target_), saved ? document.xml() : "<former/>") << Faults::failed;
