@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "document/ZelXmlFieldRows.h"
 #include "zelstudy/CheckModel.h"
 #include "zelstudy/Numbers.h"
 
@@ -12,58 +13,41 @@ namespace {
 
 enum class Role : std::uint8_t { children, parents, info, labels, layout, node, parent, link, plain, number };
 
-// Which rule a reference breaks that names no object, by its field.
-enum class Lost : std::uint8_t { broken, left, other, elsewhere };
-
 bool isLayout(CheckKind kind) { return kind == CheckKind::layout || kind == CheckKind::studyLayout; }
 
 }  // namespace
 
 struct CheckModel::Field {
-  std::string_view name;
   Role role = Role::plain;
-  Lost lost = Lost::broken;
+  ZelFieldReference lost;
+  std::string_view name;
 };
 
+// What the rows of the fields say, and the part in which a rule sees those that it looks at.
 const CheckModel::Field* CheckModel::findField(std::string_view name) {
-  static const Field fields[] = {
-      {"children", Role::children, Lost::broken},
-      {"parents", Role::parents, Lost::elsewhere},
-      {"info", Role::info, Lost::broken},
-      {"labels", Role::labels, Lost::broken},
-      {"layout", Role::layout, Lost::broken},
-      {"node", Role::node, Lost::elsewhere},
-      {"parent", Role::parent, Lost::elsewhere},
-      {"linkExternalID", Role::link, Lost::elsewhere},
-      {"prototype", Role::plain, Lost::broken},
-      {"masterObj", Role::plain, Lost::broken},
-      {"threeDRep", Role::plain, Lost::broken},
-      {"uses", Role::plain, Lost::broken},
-      {"file", Role::plain, Lost::broken},
-      {"parentPrototype", Role::plain, Lost::left},
-      {"process", Role::plain, Lost::left},
-      {"processResource", Role::plain, Lost::left},
-      {"predecessor", Role::plain, Lost::left},
-      {"successor", Role::plain, Lost::left},
-      {"materialPredecessor", Role::plain, Lost::left},
-      {"materialSuccessor", Role::plain, Lost::left},
-      {"inputMaterialFlows", Role::plain, Lost::left},
-      {"outputMaterialFlows", Role::plain, Lost::left},
-      {"usedBy", Role::plain, Lost::left},
-      {"usesTool", Role::plain, Lost::left},
-      {"variant", Role::plain, Lost::other},
-      {"collections", Role::plain, Lost::other},
-      {"mountedTo", Role::plain, Lost::other},
-      {"mountedTools", Role::plain, Lost::other},
-      {"weight", Role::number, Lost::broken},
-  };
   static const auto byName = [] {
-    std::unordered_map<std::string_view, const Field*> map;
-    for (const Field& field : fields) map.emplace(field.name, &field);
+    const std::unordered_map<std::string_view, Role> roles = {
+        {"children", Role::children}, {"parents", Role::parents},     {"info", Role::info},
+        {"labels", Role::labels},     {"layout", Role::layout},       {"node", Role::node},
+        {"parent", Role::parent},     {"linkExternalID", Role::link},
+    };
+    std::unordered_map<std::string_view, Field> map;
+    for (const ZelFieldGroup& group : zelXmlFieldGroups()) {
+      for (const ZelFieldInfo& row : group.rows) {
+        const auto role = roles.find(row.name);
+        if (row.place != ZelFieldPlace::element) continue;
+        if (row.type == ZelFieldType::number) {
+          map.emplace(row.name, Field{Role::number, row.reference, row.name});
+        } else if (row.reference != ZelFieldReference::noReference) {
+          map.emplace(row.name,
+                      Field{role == roles.end() ? Role::plain : role->second, row.reference, row.name});
+        }
+      }
+    }
     return map;
   }();
   const auto found = byName.find(name);
-  return found == byName.end() ? nullptr : found->second;
+  return found == byName.end() ? nullptr : &found->second;
 }
 
 void CheckModel::readObject(std::uint32_t index) {
@@ -88,11 +72,11 @@ void CheckModel::readField(std::uint32_t index, const Field& field, DomView elem
   CheckObject& object = objects_[index];
   const auto readOne = [&](CheckRef& ref) {
     ref = readReference(element);
-    if (ref.isLost() && field.lost != Lost::elsewhere) reportLost(index, field, ref);
+    if (ref.isLost() && field.lost != ZelFieldReference::structural) reportLost(index, field, ref);
   };
   const auto readMany = [&](CheckList& list) {
     list = readList(element);
-    if (field.lost == Lost::elsewhere || isLayout(object.kind)) return;
+    if (field.lost == ZelFieldReference::structural || isLayout(object.kind)) return;
     for (std::uint32_t i = 0; i < list.count; ++i)
       if (const CheckRef ref = refs_[list.first + i]; ref.isLost()) reportLost(index, field, ref);
   };
@@ -143,9 +127,9 @@ void CheckModel::reportLost(std::uint32_t index, const Field& field, CheckRef re
     report(Rule::referenceOther, index, field.name, names + "which is an element within an object", {id});
     return;
   }
-  const Rule rule = field.lost == Lost::broken ? Rule::reference
-                    : field.lost == Lost::left ? Rule::referenceLeft
-                                               : Rule::referenceOther;
+  const Rule rule = field.lost == ZelFieldReference::firm         ? Rule::reference
+                    : field.lost == ZelFieldReference::leftBehind ? Rule::referenceLeft
+                                                                  : Rule::referenceOther;
   report(rule, index, field.name, names + "and no object has that id", {id});
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "document/ZelXmlFieldRows.h"
+
 namespace zelstudy {
 
 namespace {
@@ -21,8 +23,9 @@ bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") =
 // What people write counts to the last blank; elsewhere white space alone is layout of the file.
 std::string leafText(DomView leaf) {
   std::string text = leaf.text();
-  const std::string_view name = leaf.nodeName();
-  if (name != "name" && name != "comment" && name != "caption" && isBlank(text)) text.clear();
+  if (!isBlank(text)) return text;
+  const ZelFieldInfo* row = zelXmlFindFieldRow(leaf.nodeName());
+  if (!row || row->unit != ZelFieldUnit::words) text.clear();
   return text;
 }
 
@@ -47,7 +50,8 @@ bool isList(const Elements& elements) {
 
 // An empty element tells a list only by its name.
 bool isListName(std::string_view name) {
-  return name == "children" || name == "parents" || name == "labels" || name == "info";
+  const ZelFieldInfo* row = zelXmlFindFieldRow(name);
+  return row && zelFieldIsList(row->type);
 }
 
 // The second field of one name is "name[2]".

@@ -119,14 +119,6 @@ bool zelXmlGetName(const IXMLDOMNode& element, std::string& text) {
   return true;
 }
 
-bool zelXmlGetComment(const IXMLDOMNode& element, std::string& text) {
-  return getText(element, "comment", text);
-}
-
-bool zelXmlGetCaption(const IXMLDOMNode& element, std::string& text) {
-  return getText(element, "caption", text);
-}
-
 bool zelXmlGetLayoutId(const IXMLDOMNode& element, ApiPmId& id) {
   return readField(element, "layout", [&](std::string_view text) { id = ApiPmId(text); });
 }
@@ -144,15 +136,6 @@ bool zelXmlSetFamily(const IXMLDOMDocument& document, const IXMLDOMNode& element
   return zelXmlEnsureChild(document, element, "NodeInfo", info) && setText(document, info, "family", family);
 }
 
-bool zelXmlGetCloneStableId(const IXMLDOMNode& element, std::string& text) {
-  return getText(element, "cloneStableId", text);
-}
-
-bool zelXmlSetCloneStableId(const IXMLDOMDocument& document, const IXMLDOMNode& element,
-                            std::string_view text) {
-  return setText(document, element, "cloneStableId", text);
-}
-
 bool zelXmlGetParentPrototype(const IXMLDOMNode& element, std::string& text) {
   return getText(element, "parentPrototype", text);
 }
@@ -160,8 +143,4 @@ bool zelXmlGetParentPrototype(const IXMLDOMNode& element, std::string& text) {
 bool zelXmlSetParentPrototype(const IXMLDOMDocument& document, const IXMLDOMNode& element,
                               std::string_view text) {
   return setText(document, element, "parentPrototype", text);
-}
-
-bool zelXmlGetWeight(const IXMLDOMNode& element, double& weight) {
-  return zelXmlGetDouble(element, "weight", weight);
 }

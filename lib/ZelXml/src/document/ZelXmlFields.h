@@ -71,20 +71,14 @@ bool zelXmlSetGlobalId(const IXMLDOMNode& element, const ApiGlobalUniqueId& id);
 
 // Fixed fields as text.
 bool zelXmlGetName(const IXMLDOMNode& element, std::string& text);
-bool zelXmlGetComment(const IXMLDOMNode& element, std::string& text);
-bool zelXmlGetCaption(const IXMLDOMNode& element, std::string& text);
 bool zelXmlGetLayoutId(const IXMLDOMNode& element, ApiPmId& id);
 bool zelXmlGetParentId(const IXMLDOMNode& element, std::string& text);  // field `parent`
 bool zelXmlGetFamily(const IXMLDOMNode& element, std::string& family);  // NodeInfo/family
 // Replaces or makes NodeInfo/family.
 bool zelXmlSetFamily(const IXMLDOMDocument& document, const IXMLDOMNode& element, std::string_view family);
-bool zelXmlGetCloneStableId(const IXMLDOMNode& element, std::string& text);
-bool zelXmlSetCloneStableId(const IXMLDOMDocument& document, const IXMLDOMNode& element,
-                            std::string_view text);
 bool zelXmlGetParentPrototype(const IXMLDOMNode& element, std::string& text);
 bool zelXmlSetParentPrototype(const IXMLDOMDocument& document, const IXMLDOMNode& element,
                               std::string_view text);
-bool zelXmlGetWeight(const IXMLDOMNode& element, double& weight);
 // Replace `ids` by the list, each id once.
 bool zelXmlGetChildIds(const IXMLDOMNode& element, ApiPmIdList& ids);
 bool zelXmlGetLabelIds(const IXMLDOMNode& element, ApiPmIdList& ids);

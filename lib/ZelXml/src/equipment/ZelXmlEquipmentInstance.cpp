@@ -9,9 +9,6 @@ bool ZelXmlEquipmentInstanceNode::createXmlElement(const ZelXmlCreationRecord& r
 }
 
 bool ZelXmlEquipmentInstance::setPrototypeId(const ApiPmDocument& prototype) {
-  if (!prototype.id.isNull() &&
-      !zelXmlAddChildWithText(document(), getXmlNode(), "masterObj", prototype.id.text())) {
-    return false;
-  }
-  return zelXmlPublishUpdate(outDocument(), getXmlNode());
+  return prototype.id.isNull() ? zelXmlPublishUpdate(outDocument(), getXmlNode())
+                               : zelXmlSetField(*this, zelInstanceFields.masterObj, prototype.id);
 }

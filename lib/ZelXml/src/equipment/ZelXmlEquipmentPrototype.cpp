@@ -19,7 +19,7 @@ ZelNode* ZelXmlEquipmentPrototype::createOccurrence(const ApiPmId& prototype) {
   }
   ApiPmId own;
   ApiPmId id;
-  if (!getExternalId(own) || !wrapper->generateUniqueId(id)) return nullptr;
+  if (!readId(own) || !wrapper->generateUniqueId(id)) return nullptr;
   ZelNode* child = createChild(
       ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE,
       named->type() == ZEL_EQUIPMENT_PROTOTYPE ? "PmEquipmentPrototypeOccurrence" : "PmToolInstance", id);

@@ -23,7 +23,7 @@ bool ZelXmlEquipmentPrototypeOccurrence::setLocation(const RTTran3D& location) {
 bool ZelXmlEquipmentPrototypeOccurrence::getChildId(ApiPmPrototypeChildId& id) const {
   std::string text;
   ApiPmId own;
-  if (!zelXmlGetCloneStableId(getXmlNode(), text)) return false;
+  if (!zelXmlGetField(*this, zelPrototypeFields.cloneStableId, text)) return false;
   if (text.empty() && readId(own)) {
     text = own.text();
     ZEL_LOG("VorIntegration    ", ApiLogLogger::error,
@@ -34,7 +34,7 @@ bool ZelXmlEquipmentPrototypeOccurrence::getChildId(ApiPmPrototypeChildId& id) c
 }
 
 bool ZelXmlEquipmentPrototypeOccurrence::setChildId(const ApiPmPrototypeChildId& id) {
-  return zelXmlSetCloneStableId(document(), getXmlNode(), id.getAsString());
+  return zelXmlSetField(*this, zelPrototypeFields.cloneStableId, id.getAsString());
 }
 
 bool ZelXmlEquipmentPrototypeOccurrence::getPrototypeId(ApiPmId& id) const {
@@ -43,13 +43,11 @@ bool ZelXmlEquipmentPrototypeOccurrence::getPrototypeId(ApiPmId& id) const {
 }
 
 bool ZelXmlEquipmentPrototypeOccurrence::setPrototypeId(const ApiPmId& id) {
-  IXMLDOMNode field;
-  return zelXmlSelectChild(getXmlNode(), "prototype", field) && zelXmlSetText(field, id.text()) &&
-         zelXmlPublishField(outDocument(), field);
+  return zelXmlSetField(*this, zelInstanceFields.prototype, id);
 }
 
 bool ZelXmlEquipmentPrototypeOccurrence::setParentPrototype(const ApiPmId& id) {
-  return zelXmlSetParentPrototype(document(), getXmlNode(), id.text());
+  return zelXmlSetField(*this, zelPrototypeFields.parentPrototype, id.asString());
 }
 
 void ZelXmlEquipmentPrototypeOccurrence::copyFrom(ZelNode* node) {

@@ -30,26 +30,3 @@ bool ZelXmlCompoundNode::readAllChildNodes(ZelNodeList& children) const {
   }
   return true;
 }
-
-bool zelXmlGetAssemblyType(const ZelXmlNode& node, int& assemblyType) {
-  zelXmlGetInt(node.getXmlNode(), "assemblyType", assemblyType);
-  return true;
-}
-
-bool ZelXmlCompoundNode::writeAssemblyType(int assemblyType) {
-  IXMLDOMNode field;
-  return getWrapper() &&
-         (zelXmlSelectChild(getXmlNode(), "assemblyType", field)
-              ? zelXmlSetIntText(field, assemblyType)
-              : zelXmlAddInt(getXmlNode(), "assemblyType", assemblyType)) &&
-         zelXmlPublishUpdate(outDocument(), getXmlNode());
-}
-
-bool ZelXmlCompoundNode::hasProcessField() const {
-  IXMLDOMNode field;
-  return zelXmlSelectChild(getXmlNode(), "process", field);
-}
-
-bool ZelXmlCompoundNode::readProcess(RWClassicWString& process) const {
-  return zelXmlGetWideString(getXmlNode(), "process", process);
-}

@@ -5,7 +5,10 @@
 #include "zel/ZelCompound.h"
 
 // Always true; an absent field leaves `assemblyType` alone.
-bool zelXmlGetAssemblyType(const ZelXmlNode& node, int& assemblyType);
+inline bool zelXmlGetAssemblyType(const ZelXmlNode& node, int& assemblyType) {
+  zelXmlGetField(node, zelCompoundFields.assemblyType, assemblyType);
+  return true;
+}
 
 // A compound: a collection with a 3D representation of its own.
 class ZelXmlCompoundNode : public ZelXmlCollectionNode {
@@ -17,10 +20,6 @@ class ZelXmlCompoundNode : public ZelXmlCollectionNode {
   bool readCompoundFileName(RWClassicWString& name) const;
   // Appends the nodes of all children, shared ones included.
   bool readAllChildNodes(ZelNodeList& children) const;
-  // Replaces or makes the field, and publishes the compound.
-  bool writeAssemblyType(int assemblyType);
-  bool hasProcessField() const;
-  bool readProcess(RWClassicWString& process) const;
 };
 
 template <class Self>
@@ -52,8 +51,10 @@ class ZelXmlFace<ZelVorCompoundResource, Self> : public ZelXmlSharedFace<ZelVorC
 
  public:
   bool hasProcess(bool& has) const override {
-    has = self().hasProcessField();
+    has = zelXmlHasField(self().getXmlNode(), zelCompoundFields.process);
     return true;
   }
-  bool getProcess(RWClassicWString& process) const override { return self().readProcess(process); }
+  bool getProcess(RWClassicWString& process) const override {
+    return zelXmlGetField(self(), zelCompoundFields.process, process);
+  }
 };

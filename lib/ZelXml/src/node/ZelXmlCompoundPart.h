@@ -14,5 +14,7 @@ class ZelXmlCompoundPart final
   bool getAssemblyType(int& assemblyType) const override {
     return zelXmlGetAssemblyType(*this, assemblyType);
   }
-  bool setAssemblyType(int assemblyType) override { return writeAssemblyType(assemblyType); }
+  bool setAssemblyType(int assemblyType) override {
+    return zelXmlSetField(*this, zelCompoundFields.assemblyType, assemblyType);
+  }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "api/ApiPmIds.h"
+#include "document/ZelXmlField.h"
 #include "dom/IXMLDOMElement.h"
 #include "rt/RTPool.h"
 #include "zel/ZelNode.h"
@@ -41,6 +42,10 @@ class ZelXmlElementNode : public RTPooled {
   void setId(const ApiPmId& id) { id_ = id; }
   // The id that was set, else that of the element.
   bool readId(ApiPmId& id) const;
+  // What fields stand in, by their rows; and how a written field is sent.
+  bool getFieldHolder(ZelFieldPlace place, IXMLDOMNode& holder) const;
+  bool getOrCreateFieldHolder(ZelFieldPlace place, IXMLDOMNode& holder);
+  bool publishField(ZelFieldPublication publication, const IXMLDOMNode& field) const;
 
  protected:
   IXMLDOMDocument document() const;     // the study document

@@ -3,6 +3,7 @@
 #include "node/ZelXmlCollectionService.h"
 #include "node/ZelXmlGlobalAttachmentService.h"
 #include "node/ZelXmlNode.h"
+#include "node/ZelXmlNodeFields.h"
 #include "zel/ZelCollection.h"
 #include "zel/ZelCompound.h"
 #include "zel/ZelGlobalAttachment.h"
@@ -42,11 +43,15 @@ class ZelXmlFace<ZelVorNode, Self> : public ZelXmlSharedFace<ZelVorNode, Self> {
   using ZelXmlSharedFace<ZelVorNode, Self>::self;
 
  public:
-  bool getSolvaneName(RWClassicWString& name) const override { return self().readSolvaneName(name); }
+  bool getSolvaneName(RWClassicWString& name) const override {
+    return zelXmlGetField(self(), zelObjectFields.SolvaneName, name);
+  }
   bool getDisplayStringType(RWClassicWString& type) const override {
     return self().readDisplayStringType(type);
   }
-  bool getInternalId(ApiPmInternalId& id) const override { return self().readInternalId(id); }
+  bool getInternalId(ApiPmInternalId& id) const override {
+    return zelXmlGetField(self(), zelObjectFields.internalId, id);
+  }
   bool setNameLocally(const RWClassicWString& name) override { return self().writeNameLocally(name); }
 };
 
@@ -125,7 +130,11 @@ class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelXmlSharedFace<ZelPlcR
   bool publishPlcInfo() override { return self().publishPlcData(); }
   bool removePlcInfo() override { return self().removePlcData(); }
   bool isOriginalPlcData(bool& original) const override { return self().isOriginal(original); }
-  bool setPlcVersion(const RWClassicCString& version) override { return self().setVersion(version); }
-  bool getPlcVersion(RWClassicCString& version) const override { return self().getVersion(version); }
+  bool setPlcVersion(const RWClassicCString& version) override {
+    return zelXmlSetField(self(), zelPlcDataFields.version, version);
+  }
+  bool getPlcVersion(RWClassicCString& version) const override {
+    return zelXmlGetField(self(), zelPlcDataFields.version, version);
+  }
   bool hasElement() const override { return static_cast<bool>(self().getXmlNode()); }
 };

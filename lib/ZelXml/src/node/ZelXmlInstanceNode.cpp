@@ -36,18 +36,7 @@ bool ZelXmlInstanceNode::readPrototypeId(ApiPmId& id) const {
 }
 
 bool ZelXmlInstanceNode::writePrototypeId(const ApiPmDocument& prototype) {
-  IXMLDOMNode field;
-  std::string buffer;
-  return zelXmlSelectChild(getXmlNode(), "prototype", field) && field.textView(buffer).empty() &&
-         zelXmlSetText(field, prototype.id.text()) && zelXmlPublishField(outDocument(), field);
-}
-
-bool ZelXmlInstanceNode::readHumanLoadData(RWClassicWString& data) const {
-  return zelXmlGetWideString(getXmlNode(), "humanLoadData", data);
-}
-
-bool ZelXmlInstanceNode::writeHumanLoadData(const RWClassicWString& data) {
-  IXMLDOMNode field;
-  return zelXmlEnsureChild(document(), getXmlNode(), "humanLoadData", field) &&
-         zelXmlSetWideText(field, data) && zelXmlPublishUpdate(outDocument(), getXmlNode());
+  ApiPmId present;
+  return zelXmlGetField(*this, zelInstanceFields.prototype, present) && present.isNull() &&
+         zelXmlSetField(*this, zelInstanceFields.prototype, prototype.id);
 }

@@ -13,8 +13,6 @@ class ZelXmlInstanceNode : public ZelXmlNode {
 
   bool readPrototypeId(ApiPmId& id) const;
   bool writePrototypeId(const ApiPmDocument& prototype);
-  bool readHumanLoadData(RWClassicWString& data) const;
-  bool writeHumanLoadData(const RWClassicWString& data);
 };
 
 template <class Self>
@@ -31,6 +29,10 @@ class ZelXmlFace<ZelVorInstance, Self> : public ZelXmlSharedFace<ZelVorInstance,
   using ZelXmlSharedFace<ZelVorInstance, Self>::self;
 
  public:
-  bool setHumanLoadData(const RWClassicWString& data) override { return self().writeHumanLoadData(data); }
-  bool getHumanLoadData(RWClassicWString& data) const override { return self().readHumanLoadData(data); }
+  bool setHumanLoadData(const RWClassicWString& data) override {
+    return zelXmlSetField(self(), zelInstanceFields.humanLoadData, data);
+  }
+  bool getHumanLoadData(RWClassicWString& data) const override {
+    return zelXmlGetField(self(), zelInstanceFields.humanLoadData, data);
+  }
 };

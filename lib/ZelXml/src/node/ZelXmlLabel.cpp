@@ -11,22 +11,6 @@ bool ZelXmlLabel::createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNo
   return getWrapper() && zelXmlCreateLabelElement(*getWrapper(), record, element);
 }
 
-bool ZelXmlLabel::getField(std::string_view field, RWClassicWString& text) const {
-  return zelXmlGetWideString(getXmlNode(), field, text);
-}
-
-bool ZelXmlLabel::setField(std::string_view field, std::string_view text) {
-  IXMLDOMNode node;
-  return zelXmlSelectChild(getXmlNode(), field, node) && zelXmlSetWideText(node, text);
-}
-
-bool ZelXmlLabel::getAssignedObjId(ApiPmId& id) const {
-  RWClassicWString text;
-  if (!getField("node", text)) return false;
-  id = ApiPmId(text);
-  return true;
-}
-
 bool ZelXmlLabel::removeLabelElement() {
   ApiPmId own;
   IXMLDOMNode section;
@@ -41,13 +25,13 @@ bool ZelXmlLabel::removeLabelElement() {
 
 bool ZelXmlLabel::getLocation(RTTran3D& location) const {
   RWClassicWString text;
-  if (!getField("noteLocation", text)) return false;
+  if (!zelXmlGetField(*this, zelLabelFields.noteLocation, text)) return false;
   zelXmlParseLocationText(text, location);
   return true;
 }
 
 bool ZelXmlLabel::setLocation(const RTTran3D& location) {
-  return setField("noteLocation", zelXmlLocationText(location));
+  return zelXmlSetField(*this, zelLabelFields.noteLocation, zelXmlLocationText(location));
 }
 
 bool ZelXmlLabel::getAbsoluteLocation(RTTran3D& location) const {

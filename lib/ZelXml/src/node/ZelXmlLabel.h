@@ -10,10 +10,14 @@ class ZelXmlLabel final
 
   bool getText(RWClassicWString& text) const override { return readDescription(text); }
   bool setText(const RWClassicWString& text) override { return writeDescription(text); }
-  bool getAssignedObjId(ApiPmId& id) const override;
-  bool setAssignedObjId(const ApiPmId& id) override { return setField("node", id.text()); }
-  bool getAppearanceData(RWClassicWString& data) const override { return getField("displayInfo", data); }
-  bool setAppearanceData(const RWClassicWString& data) override { return setField("displayInfo", data); }
+  bool getAssignedObjId(ApiPmId& id) const override { return zelXmlGetField(*this, zelLabelFields.node, id); }
+  bool setAssignedObjId(const ApiPmId& id) override { return zelXmlSetField(*this, zelLabelFields.node, id); }
+  bool getAppearanceData(RWClassicWString& data) const override {
+    return zelXmlGetField(*this, zelLabelFields.displayInfo, data);
+  }
+  bool setAppearanceData(const RWClassicWString& data) override {
+    return zelXmlSetField(*this, zelLabelFields.displayInfo, data);
+  }
   bool removeLabelElement() override;
 
   // True without change of `location` when the text has fewer than six parts.
@@ -21,9 +25,4 @@ class ZelXmlLabel final
   bool setLocation(const RTTran3D& location) override;
   // The absolute placement of the labelled object times the inverse of the label's own.
   bool getAbsoluteLocation(RTTran3D& location) const override;
-
- private:
-  bool getField(std::string_view field, RWClassicWString& text) const;
-  // A write goes to an existing field only and is not published, but for the text.
-  bool setField(std::string_view field, std::string_view text);
 };

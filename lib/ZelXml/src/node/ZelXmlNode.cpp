@@ -4,6 +4,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNodeAccess.h"
+#include "node/ZelXmlNodeFields.h"
 #include "node/ZelXmlNodeHost.h"
 
 // The tie to element and wrapper, plain fields, and the parent that counts.
@@ -29,37 +30,28 @@ bool ZelXmlNode::referenced(std::string_view field, IXMLDOMNode& element) const 
   return zelXmlGetReferencedNode(document(), element_, field, element);
 }
 
+// The one getter that does not read its row: it is asked a hundred times as often as any other.
 bool ZelXmlNode::readName(RWClassicWString& name) const { return zelXmlGetName(element_, name); }
 
 bool ZelXmlNode::writeNameLocally(const RWClassicWString& name) {
   IXMLDOMNode field;
-  return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name);
+  return zelXmlSetFieldLocally(*this, zelObjectFields.name, name, field);
 }
 
 bool ZelXmlNode::writeName(const RWClassicWString& name) {
-  IXMLDOMNode field;
-  return zelXmlSelectChild(element_, "name", field) && zelXmlSetWideText(field, name) &&
-         zelXmlPublishField(outDocument(), field);
+  return zelXmlSetField(*this, zelObjectFields.name, name);
 }
 
-bool ZelXmlNode::readCaption(RWClassicWString& caption) const { return zelXmlGetCaption(element_, caption); }
+bool ZelXmlNode::readCaption(RWClassicWString& caption) const {
+  return zelXmlGetField(*this, zelObjectFields.caption, caption);
+}
 
 bool ZelXmlNode::readDescription(RWClassicWString& description) const {
-  return zelXmlGetComment(element_, description);
+  return zelXmlGetField(*this, zelObjectFields.comment, description);
 }
 
 bool ZelXmlNode::writeDescription(const RWClassicWString& description) {
-  IXMLDOMNode field;
-  if (zelXmlSelectChild(element_, "comment", field)) {
-    return zelXmlSetWideText(field, description) && zelXmlPublishField(outDocument(), field);
-  }
-  // A text that the document refuses must not leave an empty field behind.
-  if (!zelXmlAddChild(element_, "comment", field)) return false;
-  if (!zelXmlSetWideText(field, description)) {
-    zelXmlRemoveFromParent(field);
-    return false;
-  }
-  return zelXmlPublishField(outDocument(), field);
+  return zelXmlSetField(*this, zelObjectFields.comment, description);
 }
 
 bool ZelXmlNode::readStringType(RWClassicWString& type) const { return zelXmlGetNodeName(element_, type); }
@@ -67,18 +59,6 @@ bool ZelXmlNode::readStringType(RWClassicWString& type) const { return zelXmlGet
 bool ZelXmlNode::readDisplayStringType(RWClassicWString& type) const {
   IXMLDOMNode element;
   return getDisplayElement(element) && zelXmlGetNodeName(element, type);
-}
-
-bool ZelXmlNode::readSolvaneName(RWClassicWString& name) const {
-  return zelXmlGetWideString(element_, "SolvaneName", name);
-}
-
-bool ZelXmlNode::readInternalId(ApiPmInternalId& id) const {
-  IXMLDOMNode field;
-  long number = 0;
-  if (!zelXmlSelectChild(element_, "NodeInfo/Id", field) || !zelXmlGetLongText(field, number)) return false;
-  id = ApiPmInternalId(static_cast<std::int32_t>(number));
-  return true;
 }
 
 bool ZelXmlNode::readLabels(ApiPmIdList& ids) const { return zelXmlGetLabelIds(element_, ids); }
@@ -89,10 +69,7 @@ bool ZelXmlNode::getOrCreateThreeDRep(IXMLDOMNode& rep) {
   if (getThreeDRep(rep)) return true;
   std::string id;
   if (!zelXmlCreateThreeDRep(document(), rep) || !zelXmlGetExternalIdText(rep, id)) return false;
-  IXMLDOMNode field;
-  return zelXmlSelectChild(element_, "threeDRep", field)
-             ? zelXmlSetText(field, id)
-             : zelXmlAddChildWithText(document(), element_, "threeDRep", id);
+  return zelXmlSetField(*this, zelObjectFields.threeDRep, ApiPmId(id));
 }
 
 bool ZelXmlNode::readThreeDRepPath(RWClassicWString& path) const {

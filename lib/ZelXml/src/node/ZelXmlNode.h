@@ -50,8 +50,6 @@ class ZelXmlNode : public ZelXmlElementNode {
   bool writeDescription(const RWClassicWString& description);
   bool readStringType(RWClassicWString& type) const;
   bool readDisplayStringType(RWClassicWString& type) const;
-  bool readSolvaneName(RWClassicWString& name) const;
-  bool readInternalId(ApiPmInternalId& id) const;
   bool readLabels(ApiPmIdList& ids) const;
   bool getThreeDRep(IXMLDOMNode& rep) const;
   // Makes the 3D representation object, and the reference to it, where there is none.
@@ -72,16 +70,10 @@ class ZelXmlNode : public ZelXmlElementNode {
   // PLC data, group `plcInfo`, of the types that have it.
   static bool hasPlcData(ZelNodeType type);
   bool getPlcInfo(IXMLDOMNode& info) const override;
-  // Makes the group where there is none, with the own id as its origin. On a type without PLC data the first
-  // appends a new group at each call; the second makes none where one is.
+  // Makes the group where there is none, with the own id as its origin. On a type without PLC data it
+  // appends a new group at each call.
   bool getOrCreatePlcInfo(IXMLDOMNode& info) override;
-  bool ensurePlcInfo(IXMLDOMNode& info);
-  bool setOriginalId();
   bool isOriginal(bool& original) const;
-  bool getVersion(RWClassicWString& version) const;
-  bool setVersion(const RWClassicWString& version);
-  bool readRobotSetupTime(double& seconds) const;
-  bool writeRobotSetupTime(double seconds);
   bool removePlcData();
   bool publishPlcData();
 

@@ -2,7 +2,7 @@
 
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
-#include "node/ZelXmlNodeHost.h"
+#include "node/ZelXmlNodeFields.h"
 
 // The group `plcInfo` and what all its owners keep in it.
 
@@ -16,48 +16,18 @@ bool ZelXmlNode::getPlcInfo(IXMLDOMNode& info) const {
 }
 
 bool ZelXmlNode::getOrCreatePlcInfo(IXMLDOMNode& info) {
-  return getPlcInfo(info) || (zelXmlAddChild(element_, "plcInfo", info) && setOriginalId());
-}
-
-bool ZelXmlNode::ensurePlcInfo(IXMLDOMNode& info) {
-  return getPlcInfo(info) || (zelXmlEnsureChild(document(), element_, "plcInfo", info) && setOriginalId());
-}
-
-bool ZelXmlNode::setOriginalId() {
   ApiPmId own;
-  IXMLDOMNode info;
-  return readId(own) && zelXmlSelectChild(element_, "plcInfo", info) &&
-         zelXmlAddWideString(info, "OriginalId", own.text());
+  IXMLDOMNode origin;
+  return getPlcInfo(info) || (zelXmlAddChild(element_, "plcInfo", info) && readId(own) &&
+                              zelXmlWriteField(info, zelPlcDataFields.OriginalId, own, origin));
 }
 
 bool ZelXmlNode::isOriginal(bool& original) const {
   ApiPmId own;
+  ApiPmId origin;
   if (!readId(own)) return false;
-  IXMLDOMNode info;
-  std::string origin;
-  original = !getPlcInfo(info) || !zelXmlGetWideString(info, "OriginalId", origin) || origin == own.text();
+  original = !zelXmlGetField(*this, zelPlcDataFields.OriginalId, origin) || origin == own;
   return true;
-}
-
-bool ZelXmlNode::getVersion(RWClassicWString& version) const {
-  IXMLDOMNode info;
-  return getPlcInfo(info) && zelXmlGetWideString(info, "version", version);
-}
-
-bool ZelXmlNode::setVersion(const RWClassicWString& version) {
-  IXMLDOMNode info;
-  return hasPlcData(zelType()) && ensurePlcInfo(info) &&
-         zelXmlAddChildWithText(document(), info, "version", version);
-}
-
-bool ZelXmlNode::readRobotSetupTime(double& seconds) const {
-  IXMLDOMNode info;
-  return getPlcInfo(info) && zelXmlGetDouble(info, "robotSetupTime", seconds);
-}
-
-bool ZelXmlNode::writeRobotSetupTime(double seconds) {
-  IXMLDOMNode info;
-  return hasPlcData(zelType()) && ensurePlcInfo(info) && zelXmlAddDouble(info, "robotSetupTime", seconds);
 }
 
 bool ZelXmlNode::removePlcData() {

@@ -32,6 +32,10 @@ class ZelXmlResourcePlaceholder final
                                 ZelVorNode, ZelPhysical, ZelVorPlaceholder, ZelVorLabelsContainer,
                                 ZelPlcResourceInstance, ZelVorResourcePlaceholder> {
  public:
-  bool setRobotSetupTime(double seconds) override { return writeRobotSetupTime(seconds); }
-  bool getRobotSetupTime(double& seconds) const override { return readRobotSetupTime(seconds); }
+  bool setRobotSetupTime(double seconds) override {
+    return zelXmlSetField(*this, zelPlcDataFields.robotSetupTime, seconds);
+  }
+  bool getRobotSetupTime(double& seconds) const override {
+    return zelXmlGetField(*this, zelPlcDataFields.robotSetupTime, seconds);
+  }
 };

@@ -1,0 +1,26 @@
+#include "document/ZelXmlFieldRows.h"
+
+#include <unordered_map>
+
+std::span<const ZelFieldGroup> zelXmlFieldGroups() {
+  static const ZelFieldGroup groups[] = {
+      {"object", zelFieldRows<ZelObjectFields>()},     {"PLC data", zelFieldRows<ZelPlcDataFields>()},
+      {"instance", zelFieldRows<ZelInstanceFields>()}, {"compound", zelFieldRows<ZelCompoundFields>()},
+      {"label", zelFieldRows<ZelLabelFields>()},       {"prototype", zelFieldRows<ZelPrototypeFields>()},
+      {"layout", zelFieldRows<ZelLayoutFields>()},     {"study", zelFieldRows<ZelStudyFields>()},
+      {"process", zelFieldRows<ZelProcessFields>()},
+  };
+  return groups;
+}
+
+const ZelFieldInfo* zelXmlFindFieldRow(std::string_view name) {
+  static const auto byName = [] {
+    std::unordered_map<std::string_view, const ZelFieldInfo*> map;
+    for (const ZelFieldGroup& group : zelXmlFieldGroups())
+      for (const ZelFieldInfo& row : group.rows)
+        if (row.place == ZelFieldPlace::element) map.emplace(row.name, &row);
+    return map;
+  }();
+  const auto found = byName.find(name);
+  return found == byName.end() ? nullptr : found->second;
+}
