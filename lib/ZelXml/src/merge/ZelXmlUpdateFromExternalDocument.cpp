@@ -7,6 +7,7 @@
 #include "api/ApiPmSessionManager.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelPrototype.h"
 
@@ -233,16 +234,7 @@ bool ZelXmlUpdateFromExternalDocument::getNodeParent(const ZelNode* node, ApiPmI
 }
 
 bool ZelXmlUpdateFromExternalDocument::isOrphanNodeAnImportedRoot(const ZelNode* node) {
-  switch (node->type()) {
-    case ZEL_PART_PROTOTYPE:
-    case ZEL_RESOURCE_PROTOTYPE:
-    case ZEL_LIGHT_SENSOR_PROTOTYPE:
-    case ZEL_PROPERTY_SENSOR_PROTOTYPE:
-    case ZEL_EQUIPMENT_PROTOTYPE:
-      return false;
-    default:
-      return true;
-  }
+  return !ZelXmlNodeKinds::of(node->type()).isPrototype();
 }
 
 bool ZelXmlUpdateFromExternalDocument::filterImportedRoots() {

@@ -1,6 +1,7 @@
 #include "api/ApiLogLogger.h"
 #include "document/ZelXmlFunctions.h"
 #include "merge/ZelXmlUpdateFromExternalDocument.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelInstance.h"
 #include "zel/ZelVorPrototypeOccurrence.h"
@@ -78,27 +79,18 @@ bool ZelXmlUpdateFromExternalDocument::getPrototypeIdFromInstance(const IXMLDOMD
 
 bool ZelXmlUpdateFromExternalDocument::collectRelations() {
   bool collected = true;
-  switch (currentZelNode_ ? static_cast<int>(currentZelNode_->type()) : -1) {
-    case ZEL_PART_INSTANCE:
-    case ZEL_RESOURCE_INSTANCE:
-    case ZEL_LIGHT_SENSOR_INSTANCE:
-    case ZEL_PROPERTY_SENSOR_INSTANCE:
-    case ZEL_EQUIPMENT_INSTANCE:
-    case ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE:
+  using Import = ZelXmlNodeKind::Import;
+  switch (currentZelNode_ ? ZelXmlNodeKinds::of(currentZelNode_->type()).import : Import::nothing) {
+    case Import::instance:
       collected = collectRelationsInstance();
       break;
-    case ZEL_COMPOUND_PART:
-    case ZEL_COMPOUND_RESOURCE:
+    case Import::compound:
       collected = collectRelationsCompundPhysical();
       break;
-    case ZEL_PART_PROTOTYPE:
-    case ZEL_RESOURCE_PROTOTYPE:
-    case ZEL_LIGHT_SENSOR_PROTOTYPE:
-    case ZEL_PROPERTY_SENSOR_PROTOTYPE:
-    case ZEL_EQUIPMENT_PROTOTYPE:
+    case Import::prototype:
       collected = collectRelationsPrototype(currentRealNode_);
       break;
-    default:
+    case Import::nothing:
       break;
   }
   return currentFamily_ == "Shortcut" ? collectLayoutFromMarvekStudyInfo() : collected;

@@ -9,7 +9,7 @@ class ZelXmlGenericVorCollection final
     : public ZelXmlConcreteNode<ZelXmlGenericVorCollection, ZelXmlCollectionNode, ZEL_VARIANT_FILTER_LIBRARY,
                                 ZelCollection, ZelVorCollection, ZelVorNode> {
  public:
-  explicit ZelXmlGenericVorCollection(ZelNodeType type) : type_(type) {}
+  explicit ZelXmlGenericVorCollection(ZelNodeType type = ZEL_VARIANT_FILTER_LIBRARY) : type_(type) {}
 
   ZelNodeType type() const override { return type_; }
   bool createXmlElement(const ZelXmlCreationRecord& record, IXMLDOMNode& element) override {

@@ -1,14 +1,12 @@
-#include <algorithm>
-
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeFields.h"
+#include "node/ZelXmlNodeKinds.h"
 
 // The group `plcInfo` and what all its owners keep in it.
 
 bool ZelXmlNode::hasPlcData(ZelNodeType type) {
-  static constexpr int types[] = {2, 6, 13, 15, 35, 36, 37, 40, 83, 85, 96, 112};
-  return std::find(std::begin(types), std::end(types), type) != std::end(types);
+  return ZelXmlNodeKinds::of(type).has(ZelXmlNodeKind::plcData);
 }
 
 bool ZelXmlNode::getPlcInfo(IXMLDOMNode& info) const {

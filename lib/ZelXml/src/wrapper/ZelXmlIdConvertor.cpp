@@ -3,24 +3,11 @@
 #include <limits>
 
 #include "api/ApiLogLogger.h"
+#include "plc/ZelXmlPlcKinds.h"
 
 namespace {
 
 constexpr RWGrowth registryGrowth = RWGrowth::before(3, 2);
-
-constexpr ZelNode::InterfaceType plcInternalInterfaces[] = {
-    ZelNode::Signal,
-    ZelNode::Control,
-    ZelNode::ControlCall,
-    ZelNode::DeviceSensor,
-    ZelNode::DeviceDistanceSensor,
-    ZelNode::Pose,
-    ZelNode::GroupPose,
-    ZelNode::ProximitySensor,
-    ZelNode::SignalInstance,
-    ZelNode::PropertySensorOnProgram,
-    ZelNode::PropertyProjector,
-};
 
 }  // namespace
 
@@ -109,8 +96,8 @@ int ZelXmlIdConvertor::nodesNum() const {
 
 bool ZelXmlIdConvertor::isPlcInternalNode(const ZelNode* node) {
   if (!node) return false;
-  for (const ZelNode::InterfaceType type : plcInternalInterfaces) {
-    if (node->queryInterface(type)) return true;
+  for (const ZelXmlNodeKind& kind : zelXmlPlcKinds()) {
+    if (kind.isInner() && node->queryInterface(kind.innerInterface)) return true;
   }
   return false;
 }

@@ -13,6 +13,7 @@
 class DomSave;
 class ZelVorLabel;
 class ZelXmlNode;
+struct ZelXmlNodeKind;
 
 // A study document as live nodes. The document itself belongs to the session, which is asked for it at each
 // use; the wrapper holds the registry of nodes, the finders, the roots, and the update and OUT documents.
@@ -246,18 +247,9 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   void readSessionMngInformation();
   void writeSessionMngInformation() const;
 
-  // What the class of a node depends on beside family and element name.
-  ZelNodeType classOfProduct(const IXMLDOMNode& element) const;
-  ZelNodeType classOfResource(const IXMLDOMNode& element) const;
+  bool isOfKind(const ZelXmlNodeKind& kind, const IXMLDOMNode& element) const;
   bool isPrototypeOccurrence(const IXMLDOMNode& element) const;
   bool isEquipmentPrototypeAssignment(const IXMLDOMNode& element) const;
-  bool isLightSensorInstance(const IXMLDOMNode& element) const;
-  bool isLightSensorPrototype(const IXMLDOMNode& element) const;
-  bool isLightSensorNode(const IXMLDOMNode& element) const;
-  bool isPropertySensorInstance(const IXMLDOMNode& element) const;
-  bool isPropertySensorPrototype(const IXMLDOMNode& element) const;
-  bool isPropertySensorNode(const IXMLDOMNode& element) const;
-  static bool isVariantClass(const IXMLDOMNode& element, ZelNodeType& type);
 
   // The registry goes last: it deletes the nodes.
   ZelXmlIdConvertor convertor_;

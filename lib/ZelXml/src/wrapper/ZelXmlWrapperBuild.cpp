@@ -3,6 +3,7 @@
 #include "api/ApiVorTools.h"
 #include "api/LocalFilesCacheClientFilesManager.h"
 #include "document/ZelXmlFunctions.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "wrapper/ZelXmlWrapper.h"
 
 // From a study document to nodes and roots.
@@ -51,37 +52,13 @@ bool ZelXmlWrapper::collectToolInstanceMasterObjects(const IXMLDOMDocument& docu
   return true;
 }
 
-namespace {
-
-// Nodes of these types live beside the tree and are no roots.
-bool isBesideTheTree(ZelNodeType type) {
-  switch (type) {
-    case ZEL_PART_PROTOTYPE:
-    case ZEL_RESOURCE_PROTOTYPE:
-    case ZEL_LIGHT_SENSOR_PROTOTYPE:
-    case ZEL_PROPERTY_SENSOR_PROTOTYPE:
-    case ZEL_LABEL:
-    case ZEL_PART_PROTOTYPE_ASSIGNMENT:
-    case ZEL_RESOURCE_PROTOTYPE_ASSIGNMENT:
-    case ZEL_OPERATION:
-    case ZEL_FLOW:
-    case ZEL_EQUIPMENT_PROTOTYPE:
-    case ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE:
-    case ZEL_VARIANT_SET:
-      return true;
-    default:
-      return false;
-  }
-}
-
-}  // namespace
-
 void ZelXmlWrapper::updateRoots() {
   ZelNodeList nodes;
   RWClassicTValOrderedVector<const ApiPmId*> ids;
   convertor_.getVorNodesAndIds(nodes, ids);
   for (std::size_t i = 0; i < nodes.entries(); ++i) {
-    if (!parentFinder_.hasRelevantParent(*ids[i]) && !isBesideTheTree(nodes[i]->type())) {
+    if (!parentFinder_.hasRelevantParent(*ids[i]) &&
+        !ZelXmlNodeKinds::of(nodes[i]->type()).has(ZelXmlNodeKind::besideTree)) {
       roots_.append(nodes[i]);
     }
   }

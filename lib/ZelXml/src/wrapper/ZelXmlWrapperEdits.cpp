@@ -5,6 +5,7 @@
 #include "node/ZelXmlCollectionService.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelVorLabel.h"
 
@@ -12,21 +13,8 @@
 
 namespace {
 
-// Whether nodes of a type keep children that can be taken off their list.
-bool isCollection(ZelNodeType type) {
-  switch (type) {
-    case ZEL_STUDY:
-    case ZEL_PROCESS_ASSEMBLY:
-    case ZEL_COMPOUND_PART:
-    case ZEL_COMPOUND_RESOURCE:
-    case ZEL_DEVICE_GROUP:
-    case ZEL_VARIANT_FILTER_LIBRARY:
-    case ZEL_EQUIPMENT_INSTANCE:
-    case ZEL_EQUIPMENT_PROTOTYPE:
-      return true;
-    default:
-      return false;
-  }
+bool isCollection(const ZelXmlNode& node) {
+  return ZelXmlNodeKinds::of(node.zelType()).has(ZelXmlNodeKind::collection);
 }
 
 }  // namespace
@@ -56,7 +44,7 @@ bool ZelXmlWrapper::deleteNode(ApiPmId& given) {
   ApiPmId parentId;
   if (xmlNode->readParentId(parentId)) {
     const ZelXmlNode* parent = zelXmlNodeFromId(parentId);
-    if (parent && isCollection(parent->zelType()) &&
+    if (parent && isCollection(*parent) &&
         !zelXmlRemoveChildAndPublish(outDocument_, parent->getXmlNode(), id)) {
       return false;
     }
@@ -88,7 +76,7 @@ bool ZelXmlWrapper::addRootFromOtherParent(ZelNode* node) {
   ApiPmId parentId;
   const ZelXmlNode* parent = xmlNode->readParentId(parentId) ? zelXmlNodeFromId(parentId) : nullptr;
   if (!parent) return true;
-  if (!isCollection(parent->zelType()) || !zelXmlDetachFromParent(*this, xmlNode->getXmlNode(), parentId)) {
+  if (!isCollection(*parent) || !zelXmlDetachFromParent(*this, xmlNode->getXmlNode(), parentId)) {
     return false;
   }
   roots_.append(xmlNode->pmNode());

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 
 #include "api/ApiLogLogger.h"
@@ -5,51 +6,16 @@
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiVorTools.h"
 #include "document/ZelXmlFunctions.h"
-#include "node/ZelXmlGenericVorCollection.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "wrapper/ZelXmlWrapper.h"
 
 // Which node class stands for an object element, and the making of its node.
 
 namespace {
 
-constexpr auto noNode = static_cast<ZelNodeType>(-1);
-
-// Families whose objects are all of one class.
-struct FamilyOfOneClass {
-  std::string_view family;
-  ZelNodeType type;
-};
-constexpr FamilyOfOneClass familiesOfOneClass[] = {
-    {"PartPrototype", ZEL_PART_PROTOTYPE},
-    {"EquipmentPrototype", ZEL_EQUIPMENT_PROTOTYPE},
-    {"PartPrototypeUsage", ZEL_PART_PROTOTYPE_ASSIGNMENT},
-    {"Study", ZEL_STUDY},
-    {"Label", ZEL_LABEL},
-    {"Operation", ZEL_OPERATION},
-    {"PmFlow", ZEL_FLOW},
-    {"PLCProgram", ZEL_PLC_PROGRAM},
-    {"PmMaterialFlow", ZEL_MATERIAL_FLOW},
-};
-
 bool has(const IXMLDOMNode& element, std::string_view child) { return element.selects(child); }
-
-// Nodes of these types enter their children with the relevant parent finder before they are made.
-bool entersItsChildren(ZelNodeType type) {
-  switch (type) {
-    case ZEL_PROCESS_ASSEMBLY:
-    case ZEL_COMPOUND_PART:
-    case ZEL_COMPOUND_RESOURCE:
-    case ZEL_DEVICE_GROUP:
-    case ZEL_EQUIPMENT_INSTANCE:
-    case ZEL_EQUIPMENT_PROTOTYPE:
-    case ZEL_VARIANT_FILTER_LIBRARY:
-      return true;
-    default:
-      return false;
-  }
-}
 
 bool isOfClass(const IXMLDOMNode& element, std::string_view base) {
   return ApiVorToolsClassTypesWrapper::the().IsDerivedFromClass(element.nodeName(), base);
@@ -91,29 +57,17 @@ bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element, const ApiPmI
 }
 
 ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, const ApiPmId& id, std::string_view family) {
-  ZelNodeType type = noNode;
-  if (family == "Product") {
-    type = classOfProduct(element);
-  } else if (family == "Resource") {
-    type = classOfResource(element);
-  } else if (family == "ToolPrototype") {
-    type = isLightSensorPrototype(element)      ? ZEL_LIGHT_SENSOR_PROTOTYPE
-           : isPropertySensorPrototype(element) ? ZEL_PROPERTY_SENSOR_PROTOTYPE
-                                                : ZEL_RESOURCE_PROTOTYPE;
-  } else if (family == "ToolPrototypeUsage") {
-    type = isEquipmentPrototypeAssignment(element) ? ZEL_EQUIPMENT_PROTOTYPE_ASSIGNMENT
-                                                   : ZEL_RESOURCE_PROTOTYPE_ASSIGNMENT;
-  } else {
-    for (const FamilyOfOneClass& known : familiesOfOneClass) {
-      if (known.family == family) type = known.type;
-    }
-    if (type == noNode && !isVariantClass(element, type)) return nullptr;
+  const auto& kinds = ZelXmlNodeKinds::ofFamily(family);
+  const auto found = std::find_if(kinds.begin(), kinds.end(),
+                                  [&](const ZelXmlNodeKind* kind) { return isOfKind(*kind, element); });
+  if (found == kinds.end()) return nullptr;
+  const ZelXmlNodeKind& kind = **found;
+  if (kind.has(ZelXmlNodeKind::entersChildren) && !addParentAndChildrenToRelevantParentFinder(element)) {
+    return nullptr;
   }
-  if (entersItsChildren(type) && !addParentAndChildrenToRelevantParentFinder(element)) return nullptr;
-
-  std::unique_ptr<ZelXmlNode> made(type == ZEL_VARIANT_FILTER_LIBRARY
-                                       ? new ZelXmlGenericVorCollection(type)
-                                       : ZelXmlNodeFactory::the().create(type));
+  std::unique_ptr<ZelXmlNode> made(kind.has(ZelXmlNodeKind::ofDocumentsOnly)
+                                       ? kind.allocator->allocate()
+                                       : ZelXmlNodeFactory::the().create(kind.type));
   if (!made) return nullptr;
   ZelXmlNode* xmlNode = made.release();
   ZelNode* node = xmlNode->pmNode();
@@ -125,7 +79,7 @@ ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, const ApiPmId& id
   xmlNode->setXmlNode(element);
   xmlNode->setWrapper(this);
   insertNode(id, node);
-  if (type == ZEL_STUDY) {
+  if (kind.type == ZEL_STUDY) {
     studyId_ = id.asString();
     ZEL_LOG("MarvekIntegration ", ApiLogLogger::trace, "ZelXmlWrapper::createNode old study id " + studyId_);
   }
@@ -133,37 +87,29 @@ ZelNode* ZelXmlWrapper::createNode(const IXMLDOMNode& element, const ApiPmId& id
   return node;
 }
 
-ZelNodeType ZelXmlWrapper::classOfProduct(const IXMLDOMNode& element) const {
-  if (element.nodeName() == "PmDvProcessAssembly") return ZEL_PROCESS_ASSEMBLY;
-  if (has(element, "children")) return ZEL_COMPOUND_PART;
-  return has(element, "threeDRep") ? ZEL_PART_PLACEHOLDER : ZEL_PART_INSTANCE;
-}
-
-ZelNodeType ZelXmlWrapper::classOfResource(const IXMLDOMNode& element) const {
-  if (has(element, "children")) {
-    if (element.nodeName() == "DeviceGroup") return ZEL_DEVICE_GROUP;
-    return element.nodeName() == "PmEquipmentInstance" ? ZEL_EQUIPMENT_INSTANCE : ZEL_COMPOUND_RESOURCE;
+bool ZelXmlWrapper::isOfKind(const ZelXmlNodeKind& kind, const IXMLDOMNode& element) const {
+  IXMLDOMNode prototype;
+  switch (kind.shape) {
+    case ZelXmlShape::named:
+      return element.nodeName() == kind.className;
+    case ZelXmlShape::namedWithChildren:
+      return element.nodeName() == kind.className && has(element, "children");
+    case ZelXmlShape::withChildren:
+      return has(element, "children");
+    case ZelXmlShape::occurrence:
+      return isPrototypeOccurrence(element);
+    case ZelXmlShape::withThreeDRep:
+      return has(element, "threeDRep");
+    case ZelXmlShape::classBelow:
+      return isOfClass(element, kind.base);
+    case ZelXmlShape::prototypeBelow:
+      return zelXmlGetPrototypeElement(DOMDocument(), element, prototype) && isOfClass(prototype, kind.base);
+    case ZelXmlShape::usesEquipment:
+      return isEquipmentPrototypeAssignment(element);
+    case ZelXmlShape::any:
+      return true;
   }
-  if (isPrototypeOccurrence(element)) return ZEL_EQUIPMENT_PROTOTYPE_OCCURRENCE;
-  if (has(element, "threeDRep")) return ZEL_RESOURCE_PLACEHOLDER;
-  if (isLightSensorInstance(element)) return ZEL_LIGHT_SENSOR_INSTANCE;
-  return isPropertySensorInstance(element) ? ZEL_PROPERTY_SENSOR_INSTANCE : ZEL_RESOURCE_INSTANCE;
-}
-
-bool ZelXmlWrapper::isVariantClass(const IXMLDOMNode& element, ZelNodeType& type) {
-  const ApiVorToolsClassTypesWrapper& types = ApiVorToolsClassTypesWrapper::the();
-  int typeId = 0;
-  if (!types.ClassNameToClassTypeId(element.nodeName(), typeId)) return false;
-  if (types.IsDerivedFromClass(typeId, "PmVariantFilterLibrary")) {
-    type = ZEL_VARIANT_FILTER_LIBRARY;
-  } else if (types.IsDerivedFromClass(typeId, "PmVariantFilter")) {
-    type = ZEL_VARIANT_FILTER;
-  } else if (types.IsDerivedFromClass(typeId, "PmVariantSet")) {
-    type = ZEL_VARIANT_SET;
-  } else {
-    return false;
-  }
-  return true;
+  return false;
 }
 
 bool ZelXmlWrapper::isPrototypeOccurrence(const IXMLDOMNode& element) const {
@@ -183,25 +129,4 @@ bool ZelXmlWrapper::isEquipmentPrototypeAssignment(const IXMLDOMNode& element) c
   std::string family;
   return zelXmlGetReferencedNode(DOMDocument(), element, "uses", used) && zelXmlGetFamily(used, family) &&
          family == "EquipmentPrototype";
-}
-
-bool ZelXmlWrapper::isLightSensorNode(const IXMLDOMNode& element) const {
-  return isOfClass(element, "LightSensor");
-}
-bool ZelXmlWrapper::isLightSensorPrototype(const IXMLDOMNode& element) const {
-  return isLightSensorNode(element);
-}
-bool ZelXmlWrapper::isLightSensorInstance(const IXMLDOMNode& element) const {
-  IXMLDOMNode prototype;
-  return zelXmlGetPrototypeElement(DOMDocument(), element, prototype) && isLightSensorNode(prototype);
-}
-bool ZelXmlWrapper::isPropertySensorNode(const IXMLDOMNode& element) const {
-  return isOfClass(element, "PropertySensor");
-}
-bool ZelXmlWrapper::isPropertySensorPrototype(const IXMLDOMNode& element) const {
-  return isPropertySensorNode(element);
-}
-bool ZelXmlWrapper::isPropertySensorInstance(const IXMLDOMNode& element) const {
-  IXMLDOMNode prototype;
-  return zelXmlGetPrototypeElement(DOMDocument(), element, prototype) && isPropertySensorNode(prototype);
 }

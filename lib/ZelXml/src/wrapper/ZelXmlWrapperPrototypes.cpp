@@ -8,6 +8,7 @@
 #include "equipment/ZelXmlEquipmentPrototypeOccurrence.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeFactory.h"
+#include "node/ZelXmlNodeKinds.h"
 #include "prototype/ZelXmlLocalPrototypeNode.h"
 #include "prototype/ZelXmlPrototypeAssignment.h"
 #include "wrapper/ZelXmlWrapper.h"
@@ -18,21 +19,16 @@
 
 namespace {
 
-// The node type of a prototype; false for a family whose objects get no node here.
-bool prototypeType(const ApiPmTypeData& type, ZelNodeType& nodeType) {
+// The kind of a prototype; null for a family whose objects get no node here.
+const ZelXmlNodeKind* prototypeKind(const ApiPmTypeData& type) {
   const ApiVorToolsClassTypesWrapper& types = ApiVorToolsClassTypesWrapper::the();
-  if (type.family() == "PartPrototype") {
-    nodeType = ZEL_PART_PROTOTYPE;
-  } else if (type.family() == "EquipmentPrototype") {
-    nodeType = ZEL_EQUIPMENT_PROTOTYPE;
-  } else if (type.family() == "ToolPrototype") {
-    nodeType = types.IsDerivedFromClass(type.className(), "LightSensor")      ? ZEL_LIGHT_SENSOR_PROTOTYPE
-               : types.IsDerivedFromClass(type.className(), "PropertySensor") ? ZEL_PROPERTY_SENSOR_PROTOTYPE
-                                                                              : ZEL_RESOURCE_PROTOTYPE;
-  } else {
-    return false;
+  for (const ZelXmlNodeKind* kind : ZelXmlNodeKinds::ofFamily(type.family())) {
+    if (kind->isPrototype() &&
+        (kind->base.empty() || types.IsDerivedFromClass(type.className(), kind->base))) {
+      return kind;
+    }
   }
-  return true;
+  return nullptr;
 }
 
 }  // namespace
@@ -52,11 +48,12 @@ bool ZelXmlWrapper::createPrototypeNode(const ApiPmPrototypeData& data, const RW
       !zelXmlSetFamily(document, element, data.type.family())) {
     return false;
   }
-  ZelNodeType type{};
+  const ZelXmlNodeKind* kind = prototypeKind(data.type);
   std::unique_ptr<ZelXmlNode> node;
-  if (prototypeType(data.type, type)) node.reset(ZelXmlNodeFactory::the().create(type));
+  if (kind) node.reset(ZelXmlNodeFactory::the().create(kind->type));
   IXMLDOMNode children;
-  if (node && type == ZEL_EQUIPMENT_PROTOTYPE && !zelXmlAddChild(element, "children", children)) return false;
+  if (node && kind->has(ZelXmlNodeKind::collection) && !zelXmlAddChild(element, "children", children))
+    return false;
   if (!name.empty() && !zelXmlAddChildWithText(document, element, "name", name)) return false;
   if (!zelXmlAddDouble(element, "weight", data.weight)) return false;
   if (!node) return true;
@@ -97,22 +94,10 @@ bool ZelXmlWrapper::getPrototypeData(const ApiPmId& id, ApiPmPrototypeData& data
 bool ZelXmlWrapper::computeInstanceStringTypeFromPrototypeData(const ApiPmId& id,
                                                                RWClassicWString& type) const {
   const ZelNode* node = getZelNodeFromId(id);
-  if (!node) return false;
-  switch (node->type()) {
-    case ZEL_PART_PROTOTYPE:
-      type = "PmPartInstance";
-      return true;
-    case ZEL_RESOURCE_PROTOTYPE:
-    case ZEL_LIGHT_SENSOR_PROTOTYPE:
-    case ZEL_PROPERTY_SENSOR_PROTOTYPE:
-      type = "PmToolInstance";
-      return true;
-    case ZEL_EQUIPMENT_PROTOTYPE:
-      type = "PmEquipmentInstance";
-      return true;
-    default:
-      return false;
-  }
+  const ZelXmlNodeKind* kind = node ? &ZelXmlNodeKinds::of(node->type()) : nullptr;
+  if (!kind || !kind->isPrototype()) return false;
+  type = ZelXmlNodeKinds::of(kind->instances).className;
+  return true;
 }
 
 bool ZelXmlWrapper::getPrototypePath(const ApiPmId& id, RWClassicWString& path) const {

@@ -1,8 +1,0 @@
-#include "node/ZelXmlNodeFactory.h"
-
-#include "node/ZelXmlNode.h"
-
-RTObjVectorFactory<ZelXmlNode>& ZelXmlNodeFactory::the() {
-  static auto& factory = *new RTObjVectorFactory<ZelXmlNode>(100);
-  return factory;
-}

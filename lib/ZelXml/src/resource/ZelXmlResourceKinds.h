@@ -1,0 +1,6 @@
+#pragma once
+
+#include "node/ZelXmlNodeKinds.h"
+
+// The kinds of node of placed resources.
+ZelXmlNodeKinds::Rows zelXmlResourceKinds();
