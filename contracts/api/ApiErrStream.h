@@ -3,7 +3,6 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 // One message of the error stream.
@@ -40,7 +39,9 @@ class ApiErrStream {
  public:
   using Sink = std::function<void(const ApiErrEntry&)>;
 
-  ApiErrStream() = default;
+  // It can be used before any dynamic initialisation and after all: what it holds is made at first use and
+  // never destroyed.
+  constexpr ApiErrStream() noexcept = default;
   ApiErrStream(const ApiErrStream&) = delete;
   ApiErrStream& operator=(const ApiErrStream&) = delete;
 
@@ -59,14 +60,10 @@ class ApiErrStream {
   ApiErrStream& operator<<(ApiErrEnd);
 
  private:
-  struct Definition {
-    int severity;
-    std::string text;
-  };
-  std::unordered_map<std::string, Definition> definitions_;
-  ApiErrEntry entry_;
-  bool hasSeverity_ = false;
-  Sink sink_;
+  struct State;
+  State& state();
+
+  State* state_ = nullptr;
 };
 
-extern ApiErrStream& apiErr;
+extern constinit ApiErrStream apiErr;

@@ -35,6 +35,10 @@ class IXMLDOMDocument : public IXMLDOMNode {
   IXMLDOMDocument(IXMLDOMNode&& node) noexcept  // NOLINT(google-explicit-constructor)
       : IXMLDOMNode(node.nodeType() == NODE_DOCUMENT ? std::move(node) : IXMLDOMNode()) {}
 
+  // Most different names of elements, attributes and processing instructions that a text may have to be read:
+  // names are kept for the life of the process.
+  static constexpr std::size_t maxNames = 10'000;
+
   // A new empty document.
   static IXMLDOMDocument create();
 
@@ -45,8 +49,8 @@ class IXMLDOMDocument : public IXMLDOMNode {
   // Replace the content of this document by what the file, stream or text holds. Handles to former nodes
   // stay good, detached. A false result leaves the document as it was and tells file, line, column and
   // reason: text that is not well-formed or mis-encoded, a document type declaration, more than maxDepth
-  // levels or maxAttributes attributes of an element, a file that cannot be read. Reading streams: the text
-  // is never held whole beside the tree.
+  // levels, maxAttributes attributes of an element or maxNames names, a file that cannot be read, a stream
+  // that throws. Reading streams: the text is never held whole beside the tree.
   bool load(const std::string& fileName, DomError* error = nullptr) const;
   bool load(std::istream& stream, DomError* error = nullptr) const;
   bool loadXML(std::string_view text, DomError* error = nullptr) const;

@@ -106,7 +106,8 @@ class IXMLDOMNode {
   bool selects(std::string_view xpath) const;
   // Text of the first match, as textView gives it.
   bool selectText(std::string_view xpath, std::string& buffer, std::string_view& text) const;
-  // Replaces `found` by all matches in document order, as they stand at the call; true also for none.
+  // Replaces `found` by all matches in document order, as they stand at the call; true also for none. `found`
+  // may hold this very handle.
   bool selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const;
 
   // Calls `visit` for each match in document order. No snapshot is taken: `visit` must not change the tree.
@@ -150,9 +151,9 @@ class IXMLDOMNode {
 
   // Most levels of elements that a document may have, in reading and in building.
   static constexpr int maxDepth = 1000;
-  // Most attributes of an element. Names are compared with each other: without a limit, one tag of a hostile
-  // file would take hours.
-  static constexpr int maxAttributes = 10'000;
+  // Most attributes of an element. Names are compared with each other: what a tag costs to read grows with
+  // the square of their number.
+  static constexpr int maxAttributes = 256;
 
  protected:
   explicit IXMLDOMNode(dom::Node* node) noexcept : node_(node) { acquire(node_); }

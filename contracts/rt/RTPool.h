@@ -5,8 +5,9 @@
 // Memory for the many small things of a study: nodes, texts, ids, entries of tables. Sizes up to 256 bytes
 // come from slabs of one size each, so a thing costs its bytes and no header; what is larger goes to malloc,
 // or from 2 MB on to the system. An empty slab is used again for any size, and memory whose slabs are all
-// empty goes back to the system. Once a study is large the pool asks for huge pages. Under AddressSanitizer
-// all of it is plain malloc, so that every use after free shows.
+// empty goes back to the system. Once a study is large the pool asks for huge pages. Built with
+// ZELXML_PLAIN_ALLOCATION all of it is plain malloc, so that tools that watch memory see every use after
+// free.
 //
 // Not locked: what is in it belongs to one thread at a time, as documents and ids do.
 struct RTPool {
@@ -14,7 +15,7 @@ struct RTPool {
   static void* allocate(std::size_t bytes);
   // `bytes` as it was asked for.
   static void free(void* memory, std::size_t bytes) noexcept;
-  // Bytes of address space held for slabs; 0 under AddressSanitizer.
+  // Bytes of address space held for slabs; 0 with plain allocation.
   static std::size_t held() noexcept;
 };
 

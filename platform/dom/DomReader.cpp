@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "DomNames.h"
+#include "DomReaderWords.h"
 #include "DomText.h"
 #include "DomTree.h"
 
@@ -18,6 +19,22 @@ namespace {
 std::string_view view(const xmlChar* text) noexcept {
   return text != nullptr ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
 }
+
+// The parser's first interface tells errors in their parts to the thread's handler only.
+class ErrorHandler {
+ public:
+  ErrorHandler(void* context, xmlStructuredErrorFunc handler)
+      : former_(xmlStructuredError), formerContext_(xmlStructuredErrorContext) {
+    xmlSetStructuredErrorFunc(context, handler);
+  }
+  ErrorHandler(const ErrorHandler&) = delete;
+  ErrorHandler& operator=(const ErrorHandler&) = delete;
+  ~ErrorHandler() { xmlSetStructuredErrorFunc(formerContext_, former_); }
+
+ private:
+  xmlStructuredErrorFunc former_;
+  void* formerContext_;
+};
 
 std::string tooManyAttributes() {
   return "an element has more than " + std::to_string(IXMLDOMNode::maxAttributes) + " attributes";
@@ -55,15 +72,19 @@ class Reader {
       event(reader);
     } catch (const std::bad_alloc&) {
       reader.refuse("there is not enough memory");
+    } catch (...) {
+      reader.refuse("the reading failed");
     }
   }
 
   static int readBytes(void* data, char* to, int size);
   static void onError(void* data, xmlErrorPtr error);
+  void tell(const xmlError& error);
 
   void refuse(std::string reason);
   void failHere(std::string reason);
   void fail(unsigned line, unsigned column, std::string reason);
+  std::string noElement() const;
   void declaration();
   void startElement(const xmlChar* name, const xmlChar** attributes);
   void endElement();
@@ -104,6 +125,8 @@ int Reader::readBytes(void* data, char* to, int size) {
     got = reader.source_.read(to, static_cast<std::size_t>(size));
   } catch (const std::exception& thrown) {  // by a stream that was told to
     reader.source_.reason = thrown.what();
+  } catch (...) {
+    reader.source_.reason = "the stream failed with an exception that tells no reason";
   }
   if (got < 0) {
     reader.fail(0, 0, reader.source_.reason);
@@ -124,15 +147,11 @@ int Reader::readBytes(void* data, char* to, int size) {
 void Reader::onError(void* data, xmlErrorPtr error) {
   Reader& reader = self(data);
   if (error->level < XML_ERR_ERROR || error->domain == XML_FROM_NAMESPACE) return;
-  std::string reason = error->message != nullptr ? error->message : "the text is not well-formed";
-  while (!reason.empty() && isBlank({&reason.back(), 1})) reason.pop_back();
+  std::string reason = plainReason(*error);
   const auto place = [](int value) { return value > 0 ? static_cast<unsigned>(value) : 0u; };
   switch (error->code) {
     case XML_ERR_DOCUMENT_EMPTY:
-      reason = "there is no XML in it";
-      break;
-    case XML_ERR_DOCUMENT_END:
-      reason = "there is text after the document element";
+      reason = reader.noElement();
       break;
     // The parser's own texts for these two know no line of the start tag.
     case XML_ERR_TAG_NAME_MISMATCH:
@@ -140,9 +159,6 @@ void Reader::onError(void* data, xmlErrorPtr error) {
       if (!reader.current_->isElement()) break;
       reason = "the element " + std::string(nameOf(reader.current_->name)) + " of line " +
                std::to_string(reader.current_->line()) + " has no end tag here";
-      break;
-    case XML_ERR_NO_MEMORY:
-      reason = "there is not enough memory";
       break;
     default:
       break;
@@ -159,9 +175,18 @@ void Reader::onError(void* data, xmlErrorPtr error) {
 void Reader::fail(unsigned line, unsigned column, std::string reason) {
   if (failed_) return;
   failed_ = true;
-  error_.line = line;
-  error_.column = column;
-  error_.reason = std::move(reason);
+  std::string kind = depth_ == 0 ? foreignKind(head_) : std::string();
+  error_ = kind.empty() ? DomError{error_.file, line, column, std::move(reason)}
+                        : DomError{error_.file, 0, 0, std::move(kind)};
+}
+
+// Why no element begins where the parser stands.
+std::string Reader::noElement() const {
+  const bool begun = head_.find('<') != std::string::npos;
+  if (!begun) return "there is no XML in it";
+  const xmlParserInputPtr input = parser_ != nullptr ? parser_->input : nullptr;
+  if (input == nullptr || input->cur >= input->end) return "there is no element in it";
+  return "there is text before the document element";
 }
 
 void Reader::failHere(std::string reason) {
@@ -201,6 +226,11 @@ NameId Reader::idOf(const xmlChar* name) {
   std::size_t at = spread(name) & mask;
   for (; names_[at].text != nullptr; at = (at + 1) & mask) {
     if (names_[at].text == name) return names_[at].id;
+  }
+  if (namesKnown_ == IXMLDOMDocument::maxNames) {
+    refuse("there are more than " + std::to_string(IXMLDOMDocument::maxNames) +
+           " different names of elements and attributes");
+    return nameNone;
   }
   const NameId id = internName(view(name));
   names_[at] = {name, id};
@@ -337,10 +367,7 @@ bool Reader::run() {
     guard(data, [](Reader& r) { r.refuse("a document type declaration is not allowed"); });
   };
 
-  // The first interface tells errors in their parts to the thread's handler only.
-  const xmlStructuredErrorFunc formerHandler = xmlStructuredError;
-  void* const formerContext = xmlStructuredErrorContext;
-  xmlSetStructuredErrorFunc(this, onError);
+  const ErrorHandler handler(this, onError);
   parser_ = xmlCreateIOParserCtxt(&events, this, readBytes, nullptr, this, XML_CHAR_ENCODING_NONE);
   if (parser_ == nullptr) {
     fail(0, 0, "there is not enough memory");
@@ -354,7 +381,6 @@ bool Reader::run() {
       document_->endsWithNewline = last_[1] == '\n' || (last_[1] == '\0' && last_[0] == '\n');
     }
   }
-  xmlSetStructuredErrorFunc(formerContext, formerHandler);
   return !failed_;
 }
 

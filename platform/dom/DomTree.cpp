@@ -169,9 +169,13 @@ DocumentNode* homeOf(Node* node) noexcept {
 }
 
 Node* findAttribute(const Node* element, std::string_view name) noexcept {
+  // A few names are compared as texts, more of them by their number.
+  constexpr int few = 4;
   Node* attribute = firstAttribute(element);
-  while (attribute != nullptr && nameOf(attribute->name) != name) attribute = attribute->next;
-  return attribute;
+  for (int i = 0; attribute != nullptr && i < few; ++i, attribute = attribute->next) {
+    if (nameOf(attribute->name) == name) return attribute;
+  }
+  return attribute != nullptr ? findAttribute(element, findName(name)) : nullptr;
 }
 
 Node* findAttribute(const Node* element, NameId name) noexcept {

@@ -157,14 +157,18 @@ bool IXMLDOMNode::selectText(std::string_view xpath, std::string& buffer, std::s
 bool IXMLDOMNode::selectNodes(std::string_view xpath, IXMLDOMNodeList& found) const {
   std::vector<Node*> nodes;
   if (node_ == nullptr || !dom::selectAll(node_, xpath, nodes)) return false;
-  found.clear();
-  for (Node* const node : nodes) found.append(Node::handle(node));
+  // The former list may have the only handle to this tree, and this handle itself: it goes last.
+  IXMLDOMNodeList fresh;
+  for (Node* const node : nodes) fresh.append(Node::handle(node));
+  found = std::move(fresh);
   return true;
 }
 
 bool IXMLDOMNode::visitNodes(std::string_view xpath,
                              const std::function<void(const IXMLDOMNode&)>& visit) const {
-  return node_ != nullptr && dom::visitAll(node_, xpath, [&visit](Node* node) { visit(Node::handle(node)); });
+  const IXMLDOMNode kept = *this;  // `visit` may let go of the handle that it was called by
+  return node_ != nullptr &&
+         dom::visitAll(kept.node_, xpath, [&visit](Node* node) { visit(Node::handle(node)); });
 }
 
 IXMLDOMNode IXMLDOMNode::getNamedItem(std::string_view name) const {

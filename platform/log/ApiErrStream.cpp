@@ -1,54 +1,72 @@
 #include "api/ApiErrStream.h"
 
+#include <unordered_map>
 #include <utility>
 
-// Never destroyed: messages may come while statics go.
-ApiErrStream& apiErr = *new ApiErrStream;
+constinit ApiErrStream apiErr;
+
+struct ApiErrStream::State {
+  struct Definition {
+    int severity;
+    std::string text;
+  };
+  std::unordered_map<std::string, Definition> definitions;
+  ApiErrEntry entry;
+  bool hasSeverity = false;
+  Sink sink;
+};
+
+ApiErrStream::State& ApiErrStream::state() {
+  if (!state_) state_ = new State;
+  return *state_;
+}
 
 void ApiErrStream::addErrDefinition(std::string_view code, int severity, std::string_view text) {
-  definitions_.try_emplace(std::string(code), Definition{severity, std::string(text)});
+  state().definitions.try_emplace(std::string(code), State::Definition{severity, std::string(text)});
 }
 
 std::string ApiErrStream::definitionText(std::string_view code) const {
-  const auto found = definitions_.find(std::string(code));
-  return found == definitions_.end() ? std::string() : found->second.text;
+  if (!state_) return {};
+  const auto found = state_->definitions.find(std::string(code));
+  return found == state_->definitions.end() ? std::string() : found->second.text;
 }
 
-ApiErrStream::Sink ApiErrStream::setSink(Sink sink) { return std::exchange(sink_, std::move(sink)); }
+ApiErrStream::Sink ApiErrStream::setSink(Sink sink) { return std::exchange(state().sink, std::move(sink)); }
 
 ApiErrStream& ApiErrStream::operator<<(ApiErrCode code) {
-  entry_ = ApiErrEntry();
-  hasSeverity_ = false;
-  entry_.code = std::move(code.code);
+  state().entry = ApiErrEntry();
+  state().hasSeverity = false;
+  state().entry.code = std::move(code.code);
   return *this;
 }
 
 ApiErrStream& ApiErrStream::operator<<(ApiErrPosition position) {
-  entry_.file = std::move(position.file);
-  entry_.line = position.line;
-  entry_.function = std::move(position.function);
+  ApiErrEntry& entry = state().entry;
+  entry.file = std::move(position.file);
+  entry.line = position.line;
+  entry.function = std::move(position.function);
   return *this;
 }
 
 ApiErrStream& ApiErrStream::operator<<(std::string_view text) {
-  entry_.texts.emplace_back(text);
+  state().entry.texts.emplace_back(text);
   return *this;
 }
 
 ApiErrStream& ApiErrStream::operator<<(ApiErrSeverity severity) {
-  entry_.severity = severity.severity;
-  hasSeverity_ = true;
+  state().entry.severity = severity.severity;
+  state().hasSeverity = true;
   return *this;
 }
 
 ApiErrStream& ApiErrStream::operator<<(ApiErrEnd) {
   // Taken out first, so that a sink may raise a message of its own.
-  ApiErrEntry entry = std::exchange(entry_, ApiErrEntry());
-  const bool hasSeverity = std::exchange(hasSeverity_, false);
+  ApiErrEntry entry = std::exchange(state().entry, ApiErrEntry());
+  const bool hasSeverity = std::exchange(state().hasSeverity, false);
   if (!hasSeverity) {
-    const auto found = definitions_.find(entry.code);
-    if (found != definitions_.end()) entry.severity = found->second.severity;
+    const auto found = state().definitions.find(entry.code);
+    if (found != state().definitions.end()) entry.severity = found->second.severity;
   }
-  if (sink_) sink_(entry);
+  if (state().sink) state().sink(entry);
   return *this;
 }

@@ -7,15 +7,7 @@
 #include <cstdlib>
 #include <new>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define ZELXML_PLAIN_MALLOC
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ZELXML_PLAIN_MALLOC
-#endif
-#endif
-
-#ifdef ZELXML_PLAIN_MALLOC
+#ifdef ZELXML_PLAIN_ALLOCATION
 
 void* RTPool::allocate(std::size_t bytes) {
   void* memory = std::malloc(bytes);

@@ -12,6 +12,36 @@ TEST_F(DomLifetime, NodesLiveExactlyAsLongAsAHandleNeedsThem) {
   for (int run = 0; run < 60 && !HasFailure(); ++run) EXPECT_EQ(RandomSession(seeds()).steps(400), "");
 }
 
+// An operation may be handed the list or handle by which its own tree lives.
+TEST_F(DomLifetime, AResultMayReplaceTheOnlyHandleToTheTree) {
+  const auto listOf = [](std::string_view text) {
+    IXMLDOMNodeList list;
+    list.append(parsed(text).documentElement());
+    return list;
+  };
+  IXMLDOMNodeList list = listOf("<a><b/><b><b/></b></a>");
+  EXPECT_TRUE(list.begin()->selectNodes("//b", list));
+  EXPECT_EQ(list.length(), 3);
+  EXPECT_TRUE(list.begin()->selectNodes("none", list));
+  EXPECT_EQ(list.length(), 0);
+  list = listOf("<a><b/><b/></a>");
+  int visited = 0;
+  EXPECT_TRUE(list.begin()->visitNodes("b", [&](const IXMLDOMNode&) {
+    ++visited;
+    list.clear();
+  }));
+  EXPECT_EQ(visited, 2);
+  IXMLDOMNode node = parsed("<a><b>x</b></a>").documentElement();
+  long index = 0;
+  EXPECT_TRUE(node.selectSingleNode("b", node) && node.text() == "x");
+  node = node.parentNode();
+  EXPECT_TRUE(node.findChild("b", "x", node, index) && node.text() == "x");
+  node = node.parentNode();
+  EXPECT_TRUE(node.childAt("b", 0, node) && node.text() == "x");
+  node = node.ownerDocument();
+  EXPECT_EQ(node.xml(), "<a><b>x</b></a>");
+}
+
 TEST_F(DomLifetime, TheDeepestTreeNeedsLittleStack) {
   onSmallStack([] {
     std::string text;

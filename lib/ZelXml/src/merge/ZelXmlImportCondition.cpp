@@ -77,43 +77,49 @@ RTAutoPtr<ZelXmlImportCondition> of(const char* family) {
 
 }  // namespace
 
-const RTAutoPtr<ZelXmlImportCondition> ZelXmlUpdateFromExternalDocument::PART_IMPORT_FAMILIES[] = {
-    products(),
-    of<ZelXmlImportMarvekStudyInfo>("MarvekStudyInfo"),
-    of<ZelXmlImportPrototype>("PartPrototype"),
-    of<ZelXmlImport3DRep>("ExternalDocument"),
-    of<ZelXmlImportReferenceFile>("PmReferenceFile"),
-    of<ZelXmlImportShortcut>("Shortcut"),
-    of<ZelXmlImportLayout>("PmLayout"),
-    of<ZelXmlImportLayout>("PmStudyLayout"),
+// Set up before what a program sets up, which may import already.
+#define ZELXML_SET_UP_FIRST [[gnu::init_priority(101)]]
+
+ZELXML_SET_UP_FIRST const RTAutoPtr<ZelXmlImportCondition>
+    ZelXmlUpdateFromExternalDocument::PART_IMPORT_FAMILIES[] = {
+        products(),
+        of<ZelXmlImportMarvekStudyInfo>("MarvekStudyInfo"),
+        of<ZelXmlImportPrototype>("PartPrototype"),
+        of<ZelXmlImport3DRep>("ExternalDocument"),
+        of<ZelXmlImportReferenceFile>("PmReferenceFile"),
+        of<ZelXmlImportShortcut>("Shortcut"),
+        of<ZelXmlImportLayout>("PmLayout"),
+        of<ZelXmlImportLayout>("PmStudyLayout"),
 };
 
-const RTAutoPtr<ZelXmlImportCondition> ZelXmlUpdateFromExternalDocument::RESOURCE_IMPORT_FAMILIES[] = {
-    of<ZelXmlImportAll>("Resource"),           of<ZelXmlImportMarvekStudyInfo>("MarvekStudyInfo"),
-    of<ZelXmlImportAll>("ToolPrototype"),      of<ZelXmlImportAll>("EquipmentPrototype"),
-    of<ZelXmlImport3DRep>("ExternalDocument"), of<ZelXmlImportReferenceFile>("PmReferenceFile"),
-    of<ZelXmlImportAll>("PmToolboxUsage"),     of<ZelXmlImportShortcut>("Shortcut"),
-    of<ZelXmlImportLayout>("PmLayout"),        of<ZelXmlImportLayout>("PmStudyLayout"),
+ZELXML_SET_UP_FIRST const RTAutoPtr<ZelXmlImportCondition>
+    ZelXmlUpdateFromExternalDocument::RESOURCE_IMPORT_FAMILIES[] = {
+        of<ZelXmlImportAll>("Resource"),           of<ZelXmlImportMarvekStudyInfo>("MarvekStudyInfo"),
+        of<ZelXmlImportAll>("ToolPrototype"),      of<ZelXmlImportAll>("EquipmentPrototype"),
+        of<ZelXmlImport3DRep>("ExternalDocument"), of<ZelXmlImportReferenceFile>("PmReferenceFile"),
+        of<ZelXmlImportAll>("PmToolboxUsage"),     of<ZelXmlImportShortcut>("Shortcut"),
+        of<ZelXmlImportLayout>("PmLayout"),        of<ZelXmlImportLayout>("PmStudyLayout"),
 };
 
-const RTAutoPtr<ZelXmlImportCondition> ZelXmlUpdateFromExternalDocument::SELECTED_IMPORT_FAMILIES[] = {
-    products(),
-    of<ZelXmlImportAll>("Resource"),
-    of<ZelXmlImportAll>("Label"),
-    of<ZelXmlImportAll>("Operation"),
-    of<ZelXmlImportAll>("PmFlow"),
-    of<ZelXmlImportAll>("PLCProgram"),
-    of<ZelXmlImportAll>("DeviceGroup"),
-    of<ZelXmlImportAll>("PmEquipmentInstance"),
-    of<ZelXmlImportAll>("PmMaterialFlow"),
-    of<ZelXmlImportAll>("PartPrototype"),
-    of<ZelXmlImportAll>("ToolPrototype"),
-    of<ZelXmlImportAll>("EquipmentPrototype"),
-    of<ZelXmlImportAll>("ExternalDocument"),
-    of<ZelXmlImportAll>("PmReferenceFile"),
-    of<ZelXmlImportAll>("PmToolboxUsage"),
-    of<ZelXmlImportAll>("Shortcut"),
-    of<ZelXmlImportAll>("PmLayout"),
-    of<ZelXmlImportAll>("PmStudyLayout"),
-    of<ZelXmlImportAll>("MarvekStudyInfo"),
+ZELXML_SET_UP_FIRST const RTAutoPtr<ZelXmlImportCondition>
+    ZelXmlUpdateFromExternalDocument::SELECTED_IMPORT_FAMILIES[] = {
+        products(),
+        of<ZelXmlImportAll>("Resource"),
+        of<ZelXmlImportAll>("Label"),
+        of<ZelXmlImportAll>("Operation"),
+        of<ZelXmlImportAll>("PmFlow"),
+        of<ZelXmlImportAll>("PLCProgram"),
+        of<ZelXmlImportAll>("DeviceGroup"),
+        of<ZelXmlImportAll>("PmEquipmentInstance"),
+        of<ZelXmlImportAll>("PmMaterialFlow"),
+        of<ZelXmlImportAll>("PartPrototype"),
+        of<ZelXmlImportAll>("ToolPrototype"),
+        of<ZelXmlImportAll>("EquipmentPrototype"),
+        of<ZelXmlImportAll>("ExternalDocument"),
+        of<ZelXmlImportAll>("PmReferenceFile"),
+        of<ZelXmlImportAll>("PmToolboxUsage"),
+        of<ZelXmlImportAll>("Shortcut"),
+        of<ZelXmlImportAll>("PmLayout"),
+        of<ZelXmlImportAll>("PmStudyLayout"),
+        of<ZelXmlImportAll>("MarvekStudyInfo"),
 };
