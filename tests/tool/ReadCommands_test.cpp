@@ -151,7 +151,9 @@ TEST_F(ToolRead, TellsEverythingAndNullForTheRest) {
       "interfaces": [1, 2, 15, 18, 19, 22, 30, 103, 133],
       "location": {"x": 10, "y": 20, "z": 30, "roll": 0, "pitch": 0, "yaw": 0},
       "absoluteLocation": {"x": 10, "y": 20, "z": 30, "roll": 0, "pitch": 0, "yaw": 0},
-      "children": ["B"], "labels": [], "shortcutId": "SA"})"));
+      "children": ["B"], "labels": [], "shortcutId": "SA",
+      "fields": {"name": "Body", "comment": "Painted \"white\" & dry", "caption": "Main body", "parents": [],
+                 "children": ["B"], "layout": "LA"}})"));
 }
 
 TEST_F(ToolRead, TextLeavesOutWhatIsNotThere) {
@@ -165,7 +167,11 @@ TEST_F(ToolRead, TextLeavesOutWhatIsNotThere) {
             "133 GlobalAttachment\n"
             "location          x 1  y 2  z 3   roll 0  pitch 0  yaw 0.5\n"
             "absoluteLocation  x 11  y 22  z 33   roll 0  pitch 0  yaw 0.5\n"
-            "labels            none\n");
+            "labels            none\n"
+            "fields            name: Türgriff\n"
+            "                  parents: A\n"
+            "                  layout: LB\n"
+            "                  prototype: -\n");
 }
 
 TEST_F(ToolRead, MembersAreSetAndSaved) {

@@ -1,6 +1,82 @@
 #include "zelstudy/NodeJson.h"
 
+#include "document/ZelXmlFieldRows.h"
+
 namespace zelstudy {
+
+namespace {
+
+Json fieldValueJson(bool value) { return value; }
+Json fieldValueJson(int value) { return value; }
+Json fieldValueJson(double value) { return value; }
+Json fieldValueJson(const std::string& value) { return value; }
+Json fieldValueJson(const ApiPmId& id) { return zelXmlIsReference(id.asString()) ? idJson(id) : Json(); }
+Json fieldValueJson(const ApiPmIdList& ids) { return idsJson(ids); }
+Json fieldValueJson(const RTTran3D& location) { return locationJson(location); }
+Json fieldValueJson(const RTVec3D& place) {
+  return {{"x", place.x + 0.}, {"y", place.y + 0.}, {"z", place.z + 0.}};
+}
+Json fieldValueJson(const ApiPmExtendedId& id) {
+  return {{"id", idJson(id.id)}, {"key", id.key.isSet() ? Json(id.key.getSelfAsString()) : Json()}};
+}
+Json fieldValueJson(const ApiPmNameExtendedId& id) { return {{"id", idJson(id.id)}, {"name", id.name}}; }
+template <class T>
+Json fieldValueJson(const ZelXmlList<T>& values) {
+  Json list = Json::array();
+  for (const T& value : values) list.push_back(fieldValueJson(value));
+  return list;
+}
+
+template <class T>
+Json readJson(const IXMLDOMNode& element, std::string_view name) {
+  typename ZelFieldCodec<T>::Value value{};
+  return ZelFieldCodec<T>::read(element, name, value) ? fieldValueJson(value) : Json();
+}
+
+Json fieldJson(const IXMLDOMNode& element, const ZelFieldInfo& row) {
+  switch (row.type) {
+    case ZelFieldType::boolean:
+      return readJson<bool>(element, row.name);
+    case ZelFieldType::integer:
+      return readJson<int>(element, row.name);
+    case ZelFieldType::number:
+      return readJson<double>(element, row.name);
+    case ZelFieldType::text:
+      return readJson<std::string>(element, row.name);
+    case ZelFieldType::id:
+      return readJson<ApiPmId>(element, row.name);
+    case ZelFieldType::extendedId:
+      return readJson<ApiPmExtendedId>(element, row.name);
+    case ZelFieldType::heldId:
+      return readJson<ZelHeldId>(element, row.name);
+    case ZelFieldType::placement:
+      return readJson<RTTran3D>(element, row.name);
+    case ZelFieldType::translation:
+      return readJson<RTVec3D>(element, row.name);
+    case ZelFieldType::texts:
+      return readJson<ZelXmlList<std::string>>(element, row.name);
+    case ZelFieldType::numbers:
+      return readJson<ZelXmlList<double>>(element, row.name);
+    case ZelFieldType::ids:
+      return readJson<ApiPmIdList>(element, row.name);
+    case ZelFieldType::nameExtendedIds:
+      return readJson<ZelXmlList<ApiPmNameExtendedId>>(element, row.name);
+    case ZelFieldType::heldIds:
+      return readJson<ZelHeldIds>(element, row.name);
+  }
+  return {};
+}
+
+}  // namespace
+
+Json fieldsJson(const IXMLDOMNode& element) {
+  Json fields = Json::object();
+  for (const ZelFieldGroup& group : zelXmlFieldGroups())
+    for (const ZelFieldInfo& row : group.rows)
+      if (row.place == ZelFieldPlace::element && zelXmlHasField(element, row) && !fields.contains(row.name))
+        fields[std::string(row.name)] = fieldJson(element, row);
+  return fields;
+}
 
 std::string jsonText(const Json& value, int indent) {
   return value.dump(indent, ' ', false, Json::error_handler_t::replace);

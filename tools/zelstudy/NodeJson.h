@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "api/ApiErrStream.h"
+#include "dom/IXMLDOMNode.h"
 #include "rt/RTTran3D.h"
 #include "zel/ZelNode.h"
 
@@ -22,6 +23,12 @@ Json idsJson(const ApiPmIdList& ids);
 // {x, y, z, roll, pitch, yaw}
 Json locationJson(const RTTran3D& location);
 Json messagesJson(const std::vector<ApiErrEntry>& messages, std::size_t from = 0);
+
+// The plain fields that stand below an element, name to value, in the order of their rows; fields of the
+// group `plcInfo` are left out. Numbers, texts and true or false; ids as text, null for a reference that
+// names nothing; placements as locationJson; lists as arrays. Null for what does not read as what it should
+// be.
+Json fieldsJson(const IXMLDOMNode& element);
 
 // What a getter of a node answers: null for false.
 using TextGetter = bool (ZelNode::*)(RWClassicWString&) const;

@@ -63,6 +63,7 @@ Json nodeJson(const StudySession& study, const ZelNode& node, const ApiPmId& id,
   json["children"] = askJson(node, &ZelCollection::getChildrenIds, &idsJson);
   json["labels"] = askJson(node, &ZelVorLabelsContainer::getLabels, &idsJson);
   json["shortcutId"] = hasShortcut ? idJson(shortcut) : Json();
+  json["fields"] = fieldsJson(study.elementOf(id));
   return json;
 }
 
@@ -79,6 +80,18 @@ std::string placeText(const Json& place) {
 std::string interfaceText(const Json& number) {
   const std::string_view name = interfaceName(number.get<int>());
   return number.dump() + (name.empty() ? "" : " " + std::string(name));
+}
+
+// The value of a field on one line.
+std::string fieldText(const Json& value) {
+  if (value.is_null()) return "-";
+  if (value.is_string()) return printable(value.get<std::string>());
+  if (value.is_number_float()) return shortNumber(value.get<double>());
+  if (value.is_object() && value.contains("x")) return placeText(value);
+  if (!value.is_array()) return jsonText(value);
+  std::string text;
+  for (const Json& each : value) text += (text.empty() ? "" : ", ") + fieldText(each);
+  return text.empty() ? "none" : text;
 }
 
 // One row per value; a list takes a line per entry, and what is null has no row.
@@ -98,6 +111,8 @@ void printText(const Json& json) {
         lines.push_back((each["location"].is_null() ? "no place" : placeText(each["location"])) + "   " +
                         (each["id"].is_null() ? "-" : printable(each["id"].get<std::string>())));
       if (lines.empty()) lines = {"no study shows it"};
+    } else if (key == "fields") {
+      for (const auto& [name, field] : value.items()) lines.push_back(name + ": " + fieldText(field));
     } else if (value.is_array()) {
       for (const Json& id : value) lines.push_back(id.is_null() ? "-" : printable(id.get<std::string>()));
       if (lines.empty()) lines = {"none"};

@@ -98,6 +98,12 @@ bool StudySession::isInUse(const ApiPmId& id) const {
   return find(id) || findElement(wrapper_->DOMDocument(), id, element);
 }
 
+IXMLDOMNode StudySession::elementOf(const ApiPmId& id) const {
+  IXMLDOMElement element;
+  findElement(wrapper_->DOMDocument(), id, element);
+  return element;
+}
+
 std::string StudySession::describe(const ApiPmId& id) const {
   IXMLDOMElement element;
   return findElement(wrapper_->DOMDocument(), id, element) ? nameElement(element, id) : quoted(id);

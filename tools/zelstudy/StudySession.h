@@ -38,6 +38,8 @@ class StudySession {
   bool isInUse(const ApiPmId& id) const;
   // Object elements: children of all Data/Objects.
   std::size_t objectCount() const;
+  // The element that an id names, null for one that names nothing.
+  IXMLDOMNode elementOf(const ApiPmId& id) const;
   // Which element an id names, for messages: `class "id", line 12`, or `"id"` for one that names nothing.
   std::string describe(const ApiPmId& id) const;
   // Why an id has no node: it names nothing, or an object of a kind that has none.
