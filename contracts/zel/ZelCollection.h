@@ -17,6 +17,11 @@ class ZelCollection : public ZelNode {
   // where it keeps that absolute placement, and publishes it. An empty class name takes that of the type.
   // Answers the child also when it was made but could not be placed under this collection; null when it could
   // not be made, and then nothing was made.
+  //
+  // Neither id nor class is looked up. With an id that is in use (ask ZelVorWrapper::isIdInUse before) a
+  // second object of that id comes to stand in the document, and the id leads to the new node. The former
+  // node is not deleted: pointers to it stay good until the next build, it leaves the roots, and no id leads
+  // to it any more. Any class that can name an element is taken as it stands, known or not.
   virtual ZelNode* createChild(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id) = 0;
   virtual ZelNode* createChild(ZelNodeType type, const ApiPmId& id) = 0;
   // Takes `child` from wherever it stands and puts it at the end of this collection; its absolute placement

@@ -15,6 +15,8 @@ class ZelPhysical : public ZelNode {
   // Moves the object so that getLocation answers `location`; publishes the layout object. The absolute
   // placements of the object and of all below it follow. Not so for an object that a study shows by a
   // shortcut: there only its placement in the study changes, and all absolute placements stay.
+  // False, and nothing changed, when a number of `location`, or one of a placement that would follow from it
+  // here or below, is infinite or no number.
   virtual bool setLocation(const RTTran3D& location) = 0;
   virtual bool getAbsoluteLocation(RTTran3D& location) const = 0;
 };

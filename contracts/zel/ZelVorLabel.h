@@ -41,7 +41,7 @@ class ZelVorLabelsContainer : public ZelNode {
   // Replaces `ids` by the list `labels`, each id once.
   virtual bool getLabels(ApiPmIdList& ids) const = 0;
   // Makes a label object with this id, lists it here, and publishes both. `data` is not read: updateLabel
-  // writes it.
+  // writes it. What is said of an id in use at ZelCollection::createChild holds here too.
   virtual bool addLabel(const ApiPmId& id, const ZelVorLabelData& data) = 0;
   // Writes name, location, text, appearance data and assigned object of a label, in this order, then
   // publishes label and owner. Stops at the first that fails; what was written before stands.

@@ -32,6 +32,8 @@ class ZelWrapper {
   virtual bool deleteNode(ApiPmId&) { return false; }
   virtual void setDatabaseId(const ApiDatabaseId& id) = 0;
   virtual ApiDatabaseId databaseId() const = 0;
+  // A new object that is a root. What is said of the id and the class at ZelCollection::createChild holds
+  // here too.
   virtual ZelNode* createRoot(ZelNodeType, const RWClassicWString&, const ApiPmId&, const ApiPmId&) {
     return nullptr;
   }
@@ -60,12 +62,17 @@ class ZelWrapper {
   virtual bool getOperationIPAData(const ApiPmIdList&, ZelVorIPAProductData*, int) { return false; }
 };
 
-// A wrapper whose study lives in documents.
+// A wrapper whose study lives in documents. The study document is the session's, not the wrapper's own, and a
+// process has one session: when the session is given another document, every wrapper reads, edits and saves
+// that one. So one study is worked on at a time; before another is opened the first one is written, and a
+// wrapper that is used again after that is built again.
 class ZelVorWrapper : public ZelWrapper {
  public:
   // Saves the study document, with the session's data written into it first. False when the save fails; the
-  // document in memory keeps the session data then. A file that another program has changed since it was read
-  // is not saved over: `DOMDocument().save` does that too, where it is wanted, and tells the reason.
+  // document in memory keeps the session data then. It is the document that the session has now: a line of
+  // level 0 goes to the log when that is not the one that was built. A file that another program has changed
+  // since it was read is not saved over: `DOMDocument().save` does that too, where it is wanted, and tells
+  // the reason.
   virtual bool write(std::ostream& stream) const = 0;
   virtual bool write(const RWClassicWString& fileName) const = 0;
   // build(true), then reads the session's data from the study. The result of build.
@@ -106,4 +113,7 @@ class ZelVorWrapper : public ZelWrapper {
     return false;
   }
   virtual IXMLDOMDocument prototypesDOMDocument() const = 0;
+  // Whether a node, or an object of the study document, has this id: the question to ask before an object is
+  // made under it (createRoot, createChild, addLabel).
+  virtual bool isIdInUse(const ApiPmId&) const { return false; }
 };

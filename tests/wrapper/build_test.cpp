@@ -1,9 +1,12 @@
+#include <limits>
 #include <map>
 #include <set>
 #include <sstream>
 
 #include "Folder.h"
+#include "api/ApiVorTools.h"
 #include "wrapper/StudyTest.h"
+#include "zel/ZelVorNode.h"
 
 using namespace document_test;
 
@@ -183,6 +186,28 @@ TEST_F(BuildTest, TheStudyCarriesTheSessionsData) {
   EXPECT_EQ(session().projectId.text(), "project");
   EXPECT_EQ(session().variantFilter, -7);
   EXPECT_EQ(session().rootNodeIdByte, 0);
+}
+
+TEST_F(BuildTest, ANumberBeyond32BitsIsNone) {
+  const auto numbered = [](const std::string& id, const std::string& number) {
+    return bare("PmPartInstance", id, field("NodeInfo", field("family", "Product") + field("Id", number)));
+  };
+  ApiVorToolsIdConverter::the().clear();
+  build(numbered("A", "2147483647") + numbered("B", "2147483648") + numbered("C", "99999999999999999999") +
+        numbered("D", "7") + numbered("E", "4294967303") + numbered("F", "-2147483649"));
+  const auto idOf = [](std::int32_t number) {
+    ApiPmId id("none");
+    ApiVorToolsIdConverter::the().apiPmInternalIdToApiPmId(ApiPmInternalId(number), id);
+    return id.asString();
+  };
+  EXPECT_EQ(idOf(2147483647) + idOf(7) + idOf(-1) + idOf(std::numeric_limits<std::int32_t>::min()),
+            "ADnonenone");
+  for (const char* id : {"B", "C", "E", "F"}) {
+    ApiPmInternalId number(5);
+    EXPECT_FALSE(zelQuery<ZelVorNode>(node(id))->getInternalId(number)) << id;
+    EXPECT_EQ(number.value, 5) << id;
+  }
+  ApiVorToolsIdConverter::the().clear();
 }
 
 TEST_F(BuildTest, ARegisteredIdKeepsItsFormerNodeAliveUntilTheNextBuild) {

@@ -39,13 +39,21 @@ EditResult describe(StudySession& study, const Arguments& arguments) {
   });
 }
 
+// Why an object did not take a placement of finite numbers.
+std::string whyNotPlaced(const ZelPhysical& physical) {
+  RTTran3D placement;
+  return physical.getLocation(placement) && physical.getAbsoluteLocation(placement)
+             ? "its place, or that of an object below, would be too large for a number"
+             : "its layout is missing or incomplete";
+}
+
 EditResult place(StudySession& study, const Arguments& arguments) {
   const ApiPmId id = arguments.id(0);
   return withInterface<ZelPhysical>(study, id, "place", [&](ZelPhysical& physical) {
     const RTTran3D location({arguments.number(1), arguments.number(2), arguments.number(3)},
                             {arguments.number(4), arguments.number(5), arguments.number(6)});
     if (!physical.setLocation(location))
-      return refused(study.describe(id) + ", could not be placed: its layout is missing or incomplete");
+      return refused(study.describe(id) + ", could not be placed: " + whyNotPlaced(physical));
     RTTran3D absolute;
     const bool known = physical.getAbsoluteLocation(absolute);
     return done({{"id", idJson(id)}, {"absoluteLocation", known ? locationJson(absolute) : Json()}});

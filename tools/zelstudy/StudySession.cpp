@@ -93,10 +93,7 @@ std::string nameElement(const IXMLDOMElement& element, const ApiPmId& id) {
 
 }  // namespace
 
-bool StudySession::isInUse(const ApiPmId& id) const {
-  IXMLDOMElement element;
-  return find(id) || findElement(wrapper_->DOMDocument(), id, element);
-}
+bool StudySession::isInUse(const ApiPmId& id) const { return wrapper_->isIdInUse(id); }
 
 IXMLDOMNode StudySession::elementOf(const ApiPmId& id) const {
   IXMLDOMElement element;

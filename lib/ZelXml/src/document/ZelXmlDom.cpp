@@ -99,7 +99,7 @@ bool zelXmlGetDoubleText(const IXMLDOMNode& node, double& value) {
 }
 
 bool zelXmlSetDoubleText(const IXMLDOMNode& node, double value) {
-  return node.putText(zelXmlFormatDouble(value));
+  return std::isfinite(value) && node.putText(zelXmlFormatDouble(value));
 }
 
 bool zelXmlGetLongText(const IXMLDOMNode& node, long& value) {
@@ -182,6 +182,14 @@ double zelXmlParseDouble(std::string_view text) {
   const std::string_view number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
   const double limit = isTooLarge(number) ? std::numeric_limits<double>::max() : 0;
   return text.front() == '-' ? -limit : limit;
+}
+
+bool zelXmlParseInt32(std::string_view text, std::int32_t& value) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const long number = zelXmlParseLong(text);
+  if (number < Limits::min() || number > Limits::max()) return false;
+  value = static_cast<std::int32_t>(number);
+  return true;
 }
 
 long zelXmlParseLong(std::string_view text) {

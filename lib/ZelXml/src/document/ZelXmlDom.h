@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,7 @@ bool zelXmlSetText(const IXMLDOMNode& node, std::string_view text);
 // As zelXmlSetText: with one text encoding throughout no conversion stands between.
 bool zelXmlSetWideText(const IXMLDOMNode& node, std::string_view text);
 bool zelXmlGetDoubleText(const IXMLDOMNode& node, double& value);
+// False, and nothing changed, for a number that is not finite.
 bool zelXmlSetDoubleText(const IXMLDOMNode& node, double value);
 bool zelXmlGetLongText(const IXMLDOMNode& node, long& value);
 bool zelXmlSetIntText(const IXMLDOMNode& node, int value);
@@ -52,3 +54,5 @@ bool zelXmlGetExternalId(const IXMLDOMNode& node, std::string& text);
 std::string zelXmlFormatDouble(double value);
 double zelXmlParseDouble(std::string_view text);
 long zelXmlParseLong(std::string_view text);
+// As zelXmlParseLong; false, and `value` untouched, beyond 32 bits.
+bool zelXmlParseInt32(std::string_view text, std::int32_t& value);

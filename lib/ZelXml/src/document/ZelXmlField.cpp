@@ -72,9 +72,9 @@ bool ZelFieldCodec<std::uint32_t>::read(const IXMLDOMNode& holder, std::string_v
 
 bool ZelFieldCodec<ApiPmInternalId>::read(const IXMLDOMNode& holder, std::string_view name,
                                           ApiPmInternalId& value) {
-  return readText(holder, name, value, [](std::string_view text) {
-    return ApiPmInternalId(static_cast<std::int32_t>(zelXmlParseLong(text)));
-  });
+  std::string buffer;
+  std::string_view text;
+  return holder.selectText(name, buffer, text) && zelXmlParseInt32(text, value.value);
 }
 
 bool ZelFieldCodec<ApiPmId>::read(const IXMLDOMNode& holder, std::string_view name, ApiPmId& value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -159,6 +160,7 @@ struct ZelFieldCodec<T> {
   static std::string format(T value) { return std::to_string(static_cast<int>(value)); }
 };
 
+// A number beyond 32 bits is none.
 template <>
 struct ZelFieldCodec<ApiPmInternalId> {
   using Value = ApiPmInternalId;
@@ -241,11 +243,14 @@ bool zelXmlReadField(const IXMLDOMNode& holder, const ZelField<T>& row, typename
 }
 
 // Writes a field of the element, as the row says; `field` is the element that was written (of several, the
-// first for a field of several elements). A field made for a
-// text that no document takes goes again; of any other type it stays as far as it has come.
+// first for a field of several elements). False, and nothing changed, for a number that is not finite. A
+// field made for a text that no document takes goes again; of any other type it stays as far as it has come.
 template <class T>
 bool zelXmlWriteField(const IXMLDOMNode& holder, const ZelField<T>& row,
                       const typename ZelField<T>::Value& value, IXMLDOMNode& field) {
+  if constexpr (std::is_same_v<T, double>) {
+    if (!std::isfinite(value)) return false;
+  }
   if constexpr (requires { ZelFieldCodec<T>::format(value); }) {
     return zelXmlWriteFieldText(holder, row, ZelFieldCodec<T>::format(value), field);
   } else {

@@ -1,6 +1,7 @@
 #include "document/ZelXmlFields.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "dom/IXMLDOMElement.h"
@@ -59,7 +60,7 @@ bool zelXmlGetDouble(const IXMLDOMNode& element, std::string_view field, double&
 }
 
 bool zelXmlAddDouble(const IXMLDOMNode& element, std::string_view field, double value) {
-  return addText(element, field, zelXmlFormatDouble(value));
+  return std::isfinite(value) && addText(element, field, zelXmlFormatDouble(value));
 }
 
 bool zelXmlGetString(const IXMLDOMNode& element, std::string_view field, std::string& value) {

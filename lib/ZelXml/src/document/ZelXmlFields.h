@@ -10,7 +10,8 @@
 
 // Typed child fields of an element. A reader answers false for an absent field and leaves the caller's value,
 // which is the default. A writer always adds a new child and never looks for one of that name: who replaces
-// removes first. A writer that fails half way leaves the child it has added.
+// removes first. A writer that fails half way leaves the child it has added. Numbers that are not finite are
+// not written.
 
 bool zelXmlGetBool(const IXMLDOMNode& element, std::string_view field, bool& value);  // true only for 1
 bool zelXmlAddBool(const IXMLDOMNode& element, std::string_view field, bool value);

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cmath>
 #include <string>
 #include <unordered_set>
 
@@ -139,6 +141,8 @@ bool zelXmlGetDoubleList(const IXMLDOMNode& element, std::string_view field, Zel
 
 bool zelXmlAddDoubleList(const IXMLDOMNode& element, std::string_view field, const ZelXmlList<double>& values,
                          bool reuse) {
+  if (!std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
+    return false;
   return addItems(element, field, values, reuse,
                   [](const IXMLDOMDocument& document, const IXMLDOMNode& list, double value) {
                     return addTextItem(document, list, zelXmlFormatDouble(value));

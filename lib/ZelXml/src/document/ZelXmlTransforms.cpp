@@ -1,7 +1,9 @@
 #include "document/ZelXmlTransforms.h"
 
+#include <cmath>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "api/ApiPmIds.h"
@@ -48,7 +50,15 @@ RTTran3D transformOf(const RTVec3D& translation, const RTVec3D& rotation) {
   return transform;
 }
 
+bool isFinite(const RTVec3D& vector) {
+  return std::isfinite(vector.x) && std::isfinite(vector.y) && std::isfinite(vector.z);
+}
+
 }  // namespace
+
+bool zelXmlIsFinite(const RTTran3D& transform) {
+  return isFinite(transform.getTranslation()) && isFinite(transform.getRotationRPY());
+}
 
 bool zelXmlGetVec3(const IXMLDOMNode& element, std::string_view listPath, RTVec3D& vector) {
   // "location/item" is what is nearly always asked for: walking the list itself saves the snapshot.
@@ -70,6 +80,7 @@ bool zelXmlGetVec3(const IXMLDOMNode& element, std::string_view listPath, RTVec3
 }
 
 bool zelXmlSetVec3(const IXMLDOMNode& element, std::string_view listPath, const RTVec3D& vector) {
+  if (!isFinite(vector)) return false;
   IXMLDOMNodeList items;
   if (!element.selectNodes(listPath, items)) return true;
   for (int i = 0; i < 3; ++i)
@@ -88,7 +99,7 @@ bool zelXmlGetTransformPaths(const IXMLDOMNode& element, std::string_view locati
 
 bool zelXmlSetTransformPaths(const IXMLDOMNode& element, std::string_view locationPath,
                              std::string_view rotationPath, const RTTran3D& transform) {
-  return zelXmlSetVec3(element, locationPath, transform.getTranslation()) &&
+  return zelXmlIsFinite(transform) && zelXmlSetVec3(element, locationPath, transform.getTranslation()) &&
          zelXmlSetVec3(element, rotationPath, transform.getRotationRPY());
 }
 
@@ -100,8 +111,8 @@ bool zelXmlGetTransform(const IXMLDOMNode& element, std::string_view field, RTTr
 
 bool zelXmlAddTransform(const IXMLDOMNode& element, std::string_view field, const RTTran3D& transform) {
   IXMLDOMNode node, list;
-  return zelXmlAddChild(element, field, node) && zelXmlAddVec3List(node, "location", list) &&
-         zelXmlAddVec3List(node, "rotation", list) &&
+  return zelXmlIsFinite(transform) && zelXmlAddChild(element, field, node) &&
+         zelXmlAddVec3List(node, "location", list) && zelXmlAddVec3List(node, "rotation", list) &&
          zelXmlSetTransformPaths(node, LOCATION_ITEMS, ROTATION_ITEMS, transform);
 }
 
@@ -112,8 +123,8 @@ bool zelXmlGetTranslation(const IXMLDOMNode& element, std::string_view field, RT
 
 bool zelXmlAddTranslation(const IXMLDOMNode& element, std::string_view field, const RTVec3D& translation) {
   IXMLDOMNode node, list;
-  return zelXmlAddChild(element, field, node) && zelXmlAddVec3List(node, "location", list) &&
-         zelXmlSetVec3(node, LOCATION_ITEMS, translation);
+  return isFinite(translation) && zelXmlAddChild(element, field, node) &&
+         zelXmlAddVec3List(node, "location", list) && zelXmlSetVec3(node, LOCATION_ITEMS, translation);
 }
 
 bool zelXmlAddVec3List(const IXMLDOMNode& element, std::string_view name, IXMLDOMNode& list) {
@@ -147,7 +158,7 @@ bool zelXmlGetAbsoluteLocation(const IXMLDOMNode& layout, RTTran3D& transform) {
 
 bool zelXmlSetAbsoluteLocation(const IXMLDOMNode& layout, const RTTran3D& transform) {
   IXMLDOMNode group;
-  if (!layout.selectSingleNode(ABSOLUTE_LOCATION, group)) return false;
+  if (!zelXmlIsFinite(transform) || !layout.selectSingleNode(ABSOLUTE_LOCATION, group)) return false;
   const RTVec3D translation = transform.getTranslation();
   const RTVec3D rotation = transform.getRotationRPY();
   return putNumberOf(group, "x", translation.x) && putNumberOf(group, "y", translation.y) &&
@@ -155,28 +166,21 @@ bool zelXmlSetAbsoluteLocation(const IXMLDOMNode& layout, const RTTran3D& transf
          putNumberOf(group, "ry", rotation.y) && putNumberOf(group, "rz", rotation.z);
 }
 
-bool zelXmlMoveLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& delta) {
-  if (delta.isNear(RTTran3D::unit, SMALLEST_MOVE, SMALLEST_MOVE)) return true;
-  RTTran3D relative, absolute;
-  if (!zelXmlGetLayoutTransform(layout, relative)) return false;
-  if (!zelXmlSetLayoutTransform(layout, relative * delta)) return false;
-  if (!zelXmlGetAbsoluteLocation(layout, absolute)) return false;
-  return zelXmlPropagateAbsoluteLocation(document, layout, absolute * delta);
-}
-
 namespace {
 
-// The walk below a moved layout, with its own stack: a tree may be far deeper than the call stack allows.
+// The walk below a moved layout, with its own stack: a tree may be far deeper than the call stack allows. It
+// notes the new placements and writes none, so that one that no number can hold leaves all as they were.
 class Propagation {
  public:
   explicit Propagation(const IXMLDOMDocument& document) : document_(document) {}
 
-  bool run(const IXMLDOMNode& layout, const RTTran3D& absolute) {
+  // False when a placement would not be finite.
+  bool walk(const IXMLDOMNode& layout, const RTTran3D& absolute) {
     if (!enter(layout, absolute)) return false;
     while (!path_.empty()) {
       Frame& frame = path_.back();
       if (frame.next == frame.children.entries()) {
-        roads_[frame.layout.identity()].open = false;
+        roads_[placed_[frame.placed].first.identity()].open = false;
         path_.pop_back();
         continue;
       }
@@ -184,8 +188,14 @@ class Propagation {
       RTTran3D relative;
       if (!zelXmlFindNodeById(document_, frame.children[frame.next++], child)) continue;
       if (!zelXmlGetLayoutTransform(child, relative)) continue;
-      if (!enter(child, frame.absolute * relative)) return false;
+      if (!enter(child, placed_[frame.placed].second * relative)) return false;
     }
+    return true;
+  }
+
+  bool write() const {
+    for (const auto& [layout, absolute] : placed_)
+      if (!zelXmlSetAbsoluteLocation(layout, absolute)) return false;
     return true;
   }
 
@@ -196,8 +206,7 @@ class Propagation {
   static constexpr int MOST_ROADS = 64;
 
   struct Frame {
-    IXMLDOMNode layout;
-    RTTran3D absolute;
+    std::size_t placed;  // which of the placements
     ApiPmIdList children;
     std::size_t next = 0;
   };
@@ -209,23 +218,48 @@ class Propagation {
   bool enter(const IXMLDOMNode& layout, const RTTran3D& absolute) {
     Roads& roads = roads_[layout.identity()];
     if (roads.open || roads.count == MOST_ROADS) return true;
-    if (!zelXmlSetAbsoluteLocation(layout, absolute)) return false;
+    if (!zelXmlIsFinite(absolute)) return false;
     roads = {roads.count + 1, true};
-    path_.push_back({layout, absolute, {}, 0});
+    path_.push_back({placed_.size(), {}, 0});
+    placed_.emplace_back(layout, absolute);
     zelXmlGetChildIds(layout, path_.back().children);
     return true;
   }
 
   const IXMLDOMDocument& document_;
+  std::vector<std::pair<IXMLDOMNode, RTTran3D>> placed_;  // in the order of the walk
   std::vector<Frame> path_;
   std::unordered_map<const void*, Roads> roads_;
 };
 
 }  // namespace
 
+bool zelXmlMoveLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& delta) {
+  if (!zelXmlIsFinite(delta)) return false;
+  if (delta.isNear(RTTran3D::unit, SMALLEST_MOVE, SMALLEST_MOVE)) return true;
+  RTTran3D relative, absolute;
+  if (!zelXmlGetLayoutTransform(layout, relative)) return false;
+  Propagation below(document);
+  const bool placed = zelXmlGetAbsoluteLocation(layout, absolute);
+  if (placed && !below.walk(layout, absolute * delta)) return false;
+  return zelXmlSetLayoutTransform(layout, relative * delta) && placed && below.write();
+}
+
+bool zelXmlPlaceLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& relative,
+                       const RTTran3D& absolute) {
+  Propagation below(document);
+  return below.walk(layout, absolute) && zelXmlSetLayoutTransform(layout, relative) && below.write();
+}
+
+bool zelXmlCanPropagateAbsoluteLocation(const IXMLDOMDocument& document, const IXMLDOMNode& layout,
+                                        const RTTran3D& absolute) {
+  return Propagation(document).walk(layout, absolute);
+}
+
 bool zelXmlPropagateAbsoluteLocation(const IXMLDOMDocument& document, const IXMLDOMNode& layout,
                                      const RTTran3D& absolute) {
-  return Propagation(document).run(layout, absolute);
+  Propagation below(document);
+  return below.walk(layout, absolute) && below.write();
 }
 
 bool zelXmlGetRelativeTransform(const IXMLDOMNode& layout, const IXMLDOMNode& base, RTTran3D& transform) {

@@ -6,7 +6,9 @@
 #include "rt/RTTran3D.h"
 
 // Transformations in a document: the six numbers x, y, z, roll, pitch, yaw, never a matrix. Lengths in the
-// unit of the document, angles in radians.
+// unit of the document, angles in radians. A document holds finite numbers only: a writer that is given
+// another one answers false with nothing changed.
+bool zelXmlIsFinite(const RTTran3D& transform);
 
 // Up to three entries of a list; an empty list is true and leaves `vector` alone. Writing fills existing
 // entries in order; true when the list cannot be selected, false when it has fewer than three.
@@ -36,14 +38,21 @@ bool zelXmlGetAbsoluteLocation(const IXMLDOMNode& layout, RTTran3D& transform);
 bool zelXmlSetAbsoluteLocation(const IXMLDOMNode& layout, const RTTran3D& transform);
 
 // relative = relative * delta and absolute = absolute * delta, and the absolute placement of every layout
-// below follows. Nothing happens for a delta that is the unit within rounding. The relative placement is
-// written before the absolute one is read: on a layout without absolute placement the answer is false with
-// the relative placement changed.
+// below follows. Nothing happens for a delta that is the unit within rounding. False, and nothing changed,
+// when a placement here or below would not be finite; on a layout without absolute placement false with the
+// relative placement changed.
 bool zelXmlMoveLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& delta);
+// Sets both placements of a layout, and the absolute placements below as zelXmlPropagateAbsoluteLocation.
+bool zelXmlPlaceLayout(const IXMLDOMDocument& document, const IXMLDOMNode& layout, const RTTran3D& relative,
+                       const RTTran3D& absolute);
 // Sets the absolute placement of a layout and of all below it. Children that are missing, or have no readable
-// placement, are passed over; false at the first layout that cannot be written. A layout that stands below
-// itself is written once; one that several layouts list is placed by the last of them.
+// placement, are passed over. False with nothing changed when a placement would not be finite, else at the
+// first layout that cannot be written. A layout that stands below itself is written once; one that several
+// layouts list is placed by the last of them.
 bool zelXmlPropagateAbsoluteLocation(const IXMLDOMDocument& document, const IXMLDOMNode& layout,
                                      const RTTran3D& absolute);
+// Whether the placements of a layout and of all below it would be finite there.
+bool zelXmlCanPropagateAbsoluteLocation(const IXMLDOMDocument& document, const IXMLDOMNode& layout,
+                                        const RTTran3D& absolute);
 // inverse(absolute of `base`) * absolute of `layout`.
 bool zelXmlGetRelativeTransform(const IXMLDOMNode& layout, const IXMLDOMNode& base, RTTran3D& transform);

@@ -81,6 +81,31 @@ bool ZelXmlCollectionService::isBelow(const ApiPmId& id) const {
   return leadsTo(own, id, parents) || leadsTo(id, own, children);
 }
 
+// Whether the numbers of a document can tell where the object stands in this collection. False only when they
+// cannot: what has no placement, or none that can be read, fails later or needs none.
+bool ZelXmlCollectionService::canHold(const ZelXmlNode& node) const {
+  const IXMLDOMDocument document = owner().getWrapper()->DOMDocument();
+  IXMLDOMNode own;
+  IXMLDOMNode layout;
+  RTTran3D relative;
+  return !zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) ||
+         !zelXmlGetReferencedNode(document, node.getXmlNode(), "layout", layout) ||
+         !zelXmlGetRelativeTransform(layout, own, relative) || zelXmlIsFinite(relative);
+}
+
+// The same for an object that keeps its relative placement, with all below it.
+bool ZelXmlCollectionService::canHoldLocally(const ZelXmlNode& node) const {
+  const IXMLDOMDocument document = owner().getWrapper()->DOMDocument();
+  IXMLDOMNode own;
+  IXMLDOMNode layout;
+  RTTran3D absolute;
+  RTTran3D relative;
+  return !zelXmlGetReferencedNode(document, getXmlNode(), "layout", own) ||
+         !zelXmlGetReferencedNode(document, node.getXmlNode(), "layout", layout) ||
+         !zelXmlGetAbsoluteLocation(own, absolute) || !zelXmlGetLayoutTransform(layout, relative) ||
+         zelXmlCanPropagateAbsoluteLocation(document, layout, absolute * relative);
+}
+
 bool ZelXmlCollectionService::removeChild(const ApiPmId& child) {
   const ApiPmId id = child;
   ZelXmlNodeHost* wrapper = owner().getWrapper();
@@ -109,7 +134,7 @@ bool ZelXmlCollectionService::addExistingChild(ZelNode* child) {
   ZelXmlNodeHost* wrapper = owner().getWrapper();
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
-  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id) || !canHold(*node)) return false;
   const IXMLDOMNode element = node->getXmlNode();
   return addChildElement(element) && addLayoutChild(element) && node->attachToParent(getXmlNode()) &&
          wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
@@ -276,7 +301,7 @@ bool ZelXmlCollectionService::moveChild(ZelNode* child) {
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;
-  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id) || !canHold(*node)) return false;
   if (wrapper->shortcutFinder().findShortcut(id, shortcut)) {
     if (!zelXmlRemoveStudyShortcut(wrapper->cachedDOMDocument(), wrapper->OUTDocument(),
                                    ApiPmId(wrapper->studyId()), shortcut)) {
@@ -292,11 +317,14 @@ bool ZelXmlCollectionService::moveChildLocally(ZelNode* child) {
   ZelXmlNode* node = zelXmlNodeOf(child);
   ApiPmId id;
   ApiPmId shortcut;
-  if (!wrapper || !node || !node->readId(id) || isBelow(id)) return false;
+  if (!wrapper || !node || !node->readId(id) || isBelow(id) || !canHoldLocally(*node)) return false;
   wrapper->shortcutFinder().removeNodeAndShortcut(id, shortcut);
   const IXMLDOMNode element = node->getXmlNode();
+  if (!zelXmlDetachFromRelevantParent(*wrapper, element) || !zelXmlAddChildItem(getXmlNode(), id) ||
+      !addLayoutChildLocally(element) || !node->setAsChildOfElement(getXmlNode()) ||
+      !wrapper->addParentAndChildToRelevantParentFinder(owner(), *node)) {
+    return false;
+  }
   wrapper->roots().remove(node->pmNode());
-  return zelXmlDetachFromRelevantParent(*wrapper, element) && zelXmlAddChildItem(getXmlNode(), id) &&
-         addLayoutChildLocally(element) && node->setAsChildOfElement(getXmlNode()) &&
-         wrapper->addParentAndChildToRelevantParentFinder(owner(), *node);
+  return true;
 }

@@ -43,6 +43,8 @@ class ZelXmlCollectionService : public ZelXmlService {
 
  private:
   bool isBelow(const ApiPmId& id) const;
+  bool canHold(const ZelXmlNode& node) const;
+  bool canHoldLocally(const ZelXmlNode& node) const;
   void takeFromRoots(const ApiPmId& id);
   bool listChild(const ApiPmId& id);
   bool takeLayout(const IXMLDOMNode& child, const IXMLDOMDocument& out);

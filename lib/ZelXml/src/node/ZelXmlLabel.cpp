@@ -31,7 +31,8 @@ bool ZelXmlLabel::getLocation(RTTran3D& location) const {
 }
 
 bool ZelXmlLabel::setLocation(const RTTran3D& location) {
-  return zelXmlSetField(*this, zelLabelFields.noteLocation, zelXmlLocationText(location));
+  return zelXmlIsFinite(location) &&
+         zelXmlSetField(*this, zelLabelFields.noteLocation, zelXmlLocationText(location));
 }
 
 bool ZelXmlLabel::getAbsoluteLocation(RTTran3D& location) const {

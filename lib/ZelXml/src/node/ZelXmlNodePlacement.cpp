@@ -78,8 +78,7 @@ bool ZelXmlNode::setAsChildOf(const ApiPmId& parent, const ApiPmId& parentLayout
   // Where the object stands does not count: it goes to its old relative placement, with everything below. To
   // put it in relation to the new parent first, and then move it, would come to the same but for rounding,
   // which is the greater the further it has to go.
-  return zelXmlSetLayoutTransform(layout, relative) &&
-         zelXmlPropagateAbsoluteLocation(document(), layout, parentAbsolute * relative);
+  return zelXmlPlaceLayout(document(), layout, relative, parentAbsolute * relative);
 }
 
 bool ZelXmlNode::setAsChildOfElement(const IXMLDOMNode& parent) {

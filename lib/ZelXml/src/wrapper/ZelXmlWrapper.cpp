@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "api/ApiLogLogger.h"
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "api/ApiVorTools.h"
@@ -80,6 +81,11 @@ bool ZelXmlWrapper::getRoots(ApiPmIdList& ids) const {
   return true;
 }
 
+bool ZelXmlWrapper::isIdInUse(const ApiPmId& id) const {
+  IXMLDOMElement element;
+  return getZelNodeFromId(id) || cachedDOMDocument().getNodeById(DOMDocument(), id, element, true);
+}
+
 bool ZelXmlWrapper::generateUniqueId(ApiPmId& id) const {
   id = ApiPmId(api::newGuidText());
   return true;
@@ -113,7 +119,15 @@ bool ZelXmlWrapper::read() {
   return built;
 }
 
+void ZelXmlWrapper::tellOfAnotherDocument() const {
+  if (builtDocument_ && !(DOMDocument() == builtDocument_)) {
+    ZEL_LOG("ZelXml", ApiLogLogger::error,
+            "ZelXmlWrapper::write saves the session's document, which is not the one that was built");
+  }
+}
+
 bool ZelXmlWrapper::write(const RWClassicWString& fileName) const {
+  tellOfAnotherDocument();
   writeSessionMngInformation();
   return DOMDocument().save(fileName);
 }
@@ -125,6 +139,7 @@ bool ZelXmlWrapper::prepareWrite(DomSave& save, const RWClassicWString& fileName
 }
 
 bool ZelXmlWrapper::write(std::ostream& stream) const {
+  tellOfAnotherDocument();
   writeSessionMngInformation();
   return DOMDocument().save(stream);
 }

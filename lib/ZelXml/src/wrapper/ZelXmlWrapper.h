@@ -33,13 +33,15 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   const ZelNode* getZelNodeFromId(const ApiPmId& id) const override;
   ZelNode* getZelNodeFromId(const ApiPmId& id) override;
   bool getRoots(ApiPmIdList& ids) const override;
+  bool isIdInUse(const ApiPmId& id) const override;
   bool generateUniqueId(ApiPmId& id) const override;
   // Takes the object off its parent's list and deletes it, as ZelXmlNode::deleteNode; a label is taken off
   // the object that it is assigned to. The children of a deleted compound stay, without a parent that counts.
-  // False for an id without node, and when the element stays: then the node stays too.
+  // False for an id without node, and when the element stays: then the node stays too, and is no root.
   bool deleteNode(ApiPmId& id) override;
   // A new object that is a root, published. An empty class name takes that of the type. Null, with nothing
-  // made, for a type or class that no element can be made of. The last argument is not read.
+  // made, for a type or class that no element can be made of. The last argument is not read. An id in use and
+  // an unknown class are taken as told at ZelCollection::createChild.
   ZelNode* createRoot(ZelNodeType type, const RWClassicWString& className, const ApiPmId& id,
                       const ApiPmId& other) override;
   ZelNode* createRoot(ZelNodeType type, const ApiPmId& id) override { return createRoot(type, {}, id, {}); }
@@ -192,7 +194,8 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
 
   // Deletes one after the other; stops at the first false. False for an empty list.
   bool deleteNodesList(const ApiPmIdList& ids);
-  // Whether a shortcut in the list of the study leads to `id`. False without the study, or its list.
+  // Whether a shortcut in the list of the study leads to `id`; none does in a study without `children`. False
+  // without the study.
   bool doesStudyContainNodeByShortcut(const ApiPmId& id, bool& contained);
 
   // Adds the occurrences of an equipment prototype, with comment, name and layout, to the change stream of
@@ -229,6 +232,7 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   bool transferReference(std::string_view field, const IXMLDOMNode& from, const IXMLDOMNode& to);
 
   void clear();
+  void tellOfAnotherDocument() const;
   bool enterRelevantParent(const IXMLDOMNode& parent, const ApiPmId& parentId, const ApiPmId& child,
                            bool force);
   bool preBuild(const IXMLDOMDocument& document, bool download);
@@ -255,6 +259,7 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   ZelXmlIdConvertor convertor_;
   ZelXmlShortcutFinder shortcutFinder_;
   ZelXmlParentFinder parentFinder_;
+  IXMLDOMDocument builtDocument_;  // for a message only: the study document is the session's
   IXMLDOMDocument updateDocument_;
   IXMLDOMDocument outDocument_;
   ZelXmlRoots roots_;

@@ -13,6 +13,7 @@ bool ZelXmlWrapper::build(bool download) {
   clear();
   const bool prepared = preBuild(DOMDocument(), download);
   const IXMLDOMDocument document = DOMDocument();
+  builtDocument_ = document;
   if (document && ApiPmSessionManager::the().localDocument) ApiVorToolsFieldsCache::the().append(document);
   if (prepared && document) {
     // Before the walk: an occurrence may stand ahead of the instance that names it.

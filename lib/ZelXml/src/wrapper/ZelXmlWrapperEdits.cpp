@@ -49,6 +49,8 @@ bool ZelXmlWrapper::deleteNode(ApiPmId& given) {
       return false;
     }
   }
+  // Before the deletion, which may be refused: no tree shows the object then.
+  roots_.remove(node);
   return xmlNode->deleteNode();
 }
 

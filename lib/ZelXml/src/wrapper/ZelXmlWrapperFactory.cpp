@@ -5,6 +5,7 @@
 #include "api/ApiPmClassTypes.h"
 #include "api/ApiPmSessionManager.h"
 #include "api/ApiVorTools.h"
+#include "document/ZelXmlFieldRows.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
 #include "node/ZelXmlNodeFactory.h"
@@ -47,12 +48,9 @@ ZelNode* ZelXmlWrapper::handleNodeCreation(const IXMLDOMNode& element, std::stri
 bool ZelXmlWrapper::handleNewNodeCaches(const IXMLDOMNode& element, const ApiPmId& id) {
   if (id.isNull()) return false;
   ApiPmSessionManager::the().cacheNode(DOMDocument(), id, element);
-  std::string buffer;
-  std::string_view number;
-  if (element.selectText("NodeInfo/Id", buffer, number)) {
-    const auto value = static_cast<std::int32_t>(zelXmlParseLong(number));
-    ApiVorToolsIdConverter::the().insertIdPair(ApiPmInternalId(value), id);
-  }
+  ApiPmInternalId number;
+  if (ZelFieldCodec<ApiPmInternalId>::read(element, zelObjectFields.internalId.name, number))
+    ApiVorToolsIdConverter::the().insertIdPair(number, id);
   return true;
 }
 

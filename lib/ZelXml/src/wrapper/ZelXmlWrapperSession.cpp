@@ -22,7 +22,8 @@ const SessionField sessionFields[] = {
      [](const ApiPmSessionManager& s) { return s.projectId.asString(); }},
     {"ProjectInternalId",
      [](ApiPmSessionManager& s, const std::string& text) {
-       s.projectInternalId = ApiPmInternalId(static_cast<std::int32_t>(zelXmlParseLong(text)));
+       std::int32_t number = 0;
+       if (zelXmlParseInt32(text, number)) s.projectInternalId = ApiPmInternalId(number);
      },
      [](const ApiPmSessionManager& s) { return std::to_string(s.projectInternalId.value); }},
     {"RootNodeId",
@@ -32,9 +33,7 @@ const SessionField sessionFields[] = {
      },
      [](const ApiPmSessionManager& s) { return s.rootNodeId; }},
     {"VariantFilter",
-     [](ApiPmSessionManager& s, const std::string& text) {
-       s.variantFilter = static_cast<std::int32_t>(zelXmlParseLong(text));
-     },
+     [](ApiPmSessionManager& s, const std::string& text) { zelXmlParseInt32(text, s.variantFilter); },
      [](const ApiPmSessionManager& s) { return std::to_string(s.variantFilter); }},
     {"ProjectName", [](ApiPmSessionManager& s, const std::string& text) { s.projectName = text; },
      [](const ApiPmSessionManager& s) { return s.projectName; }},
