@@ -4,11 +4,11 @@
 
 std::span<const ZelFieldGroup> zelXmlFieldGroups() {
   static const ZelFieldGroup groups[] = {
-      {"object", zelFieldRows<ZelObjectFields>()},     {"PLC data", zelFieldRows<ZelPlcDataFields>()},
-      {"instance", zelFieldRows<ZelInstanceFields>()}, {"compound", zelFieldRows<ZelCompoundFields>()},
-      {"label", zelFieldRows<ZelLabelFields>()},       {"prototype", zelFieldRows<ZelPrototypeFields>()},
-      {"layout", zelFieldRows<ZelLayoutFields>()},     {"study", zelFieldRows<ZelStudyFields>()},
-      {"process", zelFieldRows<ZelProcessFields>()},
+      {"object", zelFieldRows<ZelObjectFields>()},       {"PLC data", zelFieldRows<ZelPlcDataFields>()},
+      {"instance", zelFieldRows<ZelInstanceFields>()},   {"resource", zelFieldRows<ZelResourceFields>()},
+      {"compound", zelFieldRows<ZelCompoundFields>()},   {"label", zelFieldRows<ZelLabelFields>()},
+      {"prototype", zelFieldRows<ZelPrototypeFields>()}, {"layout", zelFieldRows<ZelLayoutFields>()},
+      {"study", zelFieldRows<ZelStudyFields>()},         {"process", zelFieldRows<ZelProcessFields>()},
   };
   return groups;
 }

@@ -40,6 +40,18 @@ struct ZelInstanceFields : ZelFieldWords {
                                       sendsObject};
 };
 
+struct ZelResourceFields : ZelFieldWords {
+  ZelField<std::string> Controller{"Controller", "controller of the robot", replaces, sendsObject, words};
+  ZelField<std::string> ControllerVersion{"ControllerVersion", "version of the controller", replaces,
+                                          sendsObject, words};
+  ZelField<std::string> ManipulatorType{"rrsInformation/ManipulatorType", "what the controller moves",
+                                        replaces, sendsObject, words};
+  ZelField<std::string> RobotPathName{"rrsInformation/RobotPathName", "name of the path of the robot",
+                                      replaces, sendsObject, words};
+  // Any number but 0 means yes.
+  ZelField<int> needToPropagate{"NodeInfo/needToPropagate", "whether the data store asks for changes"};
+};
+
 struct ZelCompoundFields : ZelFieldWords {
   ZelField<int> assemblyType{"assemblyType", "kind of assembly", replaces, sendsObject};
   ZelField<std::string> process{"process", "the process of a compound resource", leftBehind};
@@ -100,6 +112,7 @@ struct ZelProcessFields : ZelFieldWords {
 inline constexpr ZelObjectFields zelObjectFields;
 inline constexpr ZelPlcDataFields zelPlcDataFields;
 inline constexpr ZelInstanceFields zelInstanceFields;
+inline constexpr ZelResourceFields zelResourceFields;
 inline constexpr ZelCompoundFields zelCompoundFields;
 inline constexpr ZelLabelFields zelLabelFields;
 inline constexpr ZelPrototypeFields zelPrototypeFields;

@@ -87,6 +87,10 @@ bool zelXmlGetParentItemIds(const IXMLDOMNode& element, ApiPmIdList& ids);
 
 // The first node of the list with exactly this text, and its index.
 bool zelXmlFindListItem(const IXMLDOMNodeList& list, std::string_view text, IXMLDOMNode& item, long& index);
+// The first item with this text of the fields of this name, normally one; in a long list found without a
+// walk.
+bool zelXmlFindItem(const IXMLDOMNode& element, std::string_view list, std::string_view text,
+                    IXMLDOMNode& item, long& index);
 bool zelXmlFindChildItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index);
 bool zelXmlFindParentItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index);
 // The item of a list field at a place, counted from 0; false beyond the last.

@@ -267,9 +267,10 @@ IXMLDOMElement nextNamed(const IXMLDOMElement& element, std::string_view name) {
   return next;
 }
 
-// Over all fields of this name, as for the path "list/item". Normally there is one.
-bool findItem(const IXMLDOMNode& element, std::string_view list, std::string_view text, IXMLDOMNode& item,
-              long& index) {
+}  // namespace
+
+bool zelXmlFindItem(const IXMLDOMNode& element, std::string_view list, std::string_view text,
+                    IXMLDOMNode& item, long& index) {
   IXMLDOMNode first;
   if (!zelXmlSelectChild(element, list, first)) return false;
   long before = 0;
@@ -288,14 +289,12 @@ bool findItem(const IXMLDOMNode& element, std::string_view list, std::string_vie
   return false;
 }
 
-}  // namespace
-
 bool zelXmlFindChildItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index) {
-  return findItem(element, "children", id, item, index);
+  return zelXmlFindItem(element, "children", id, item, index);
 }
 
 bool zelXmlFindParentItem(const IXMLDOMNode& element, std::string_view id, IXMLDOMNode& item, long& index) {
-  return findItem(element, "parents", id, item, index);
+  return zelXmlFindItem(element, "parents", id, item, index);
 }
 
 bool zelXmlFindItemAt(const IXMLDOMNode& element, std::string_view list, long index, IXMLDOMNode& item) {

@@ -11,7 +11,7 @@ namespace {
 constexpr long longList = 64;
 
 bool hasLongList(const IXMLDOMNode& element) {
-  for (const std::string_view list : {"children", "info"}) {
+  for (const std::string_view list : {"children", "info", "mountedTools"}) {
     IXMLDOMNode field;
     IXMLDOMNode item;
     if (zelXmlSelectChild(element, list, field) && field.childAt("item", longList - 1, item)) return true;

@@ -8,9 +8,9 @@
 
 #include "dom/IXMLDOMNode.h"
 
-// For the document layer alone: how long list fields of an element (`children`, `info`) have changed since
-// the element was published, so that n changes of one list, each followed by a publication, do not copy the
-// list n times.
+// For the document layer alone: how long list fields of an element (`children`, `info`, `mountedTools`) have
+// changed since the element was published, so that n changes of one list, each followed by a publication, do
+// not copy the list n times.
 //
 // An entry counts while its element has the change stamp that it had then. Stamps are never given twice, so
 // an entry can be out of date but never wrong, also when another element comes to stand at the same address.

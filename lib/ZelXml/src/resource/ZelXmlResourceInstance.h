@@ -1,16 +1,15 @@
 #pragma once
 
 #include "node/ZelXmlConcreteNode.h"
-#include "node/ZelXmlInstanceNode.h"
-
-// A placed resource: tool, robot, device or conveyor, by what its element holds.
-class ZelXmlResInstanceBaseNode : public ZelXmlAttachableNode<ZelXmlInstanceNode> {};
+#include "resource/ZelXmlResInstanceBaseNode.h"
+#include "resource/ZelXmlResourceFaces.h"
 
 // Interfaces that all resource instances serve.
 template <class Self, class Base, ZelNodeType Type, class... More>
 using ZelXmlResourceInstanceClass =
-    ZelXmlConcreteNode<Self, Base, Type, ZelInstance, ZelPhysical, ZelVorNode, ZelVorLabelsContainer,
-                       ZelPlcResourceInstance, ZelGlobalAttachment, More...>;
+    ZelXmlConcreteNode<Self, Base, Type, ZelResourceInstance, ZelInstance, ZelPhysical, ZelVorNode,
+                       ZelVorLabelsContainer, ZelPlcResourceInstance, ZelGlobalAttachment, ZelTool,
+                       ZelVorResourceInstance, More...>;
 
 class ZelXmlResourceInstance final
     : public ZelXmlResourceInstanceClass<ZelXmlResourceInstance, ZelXmlResInstanceBaseNode,
