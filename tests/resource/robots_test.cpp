@@ -37,7 +37,7 @@ std::string told(const ApiPmRobotFramesData& frame) {
 }
 
 class RobotTest : public StudyTest {
- protected:
+ public:
   using Frames = ZelResourceInstance::Frames;
   using Parameters = RWClassicTValOrderedVector<RTAutoPtr<ApiTbmRoboticParam>>;
 
