@@ -7,7 +7,9 @@
 #include <string_view>
 #include <utility>
 
+#include "rw/RWClassicTValHashDictionary.h"
 #include "rw/RWClassicTValOrderedVector.h"
+#include "rw/RWFlatTable.h"
 
 // The id of an object: a text by value, compared exactly; the empty text is the null id. Each text is kept
 // once per process and counted, so an id is one pointer in size, a copy is a count, and equality and hash
@@ -36,8 +38,9 @@ class ApiPmId {
   // Good as long as any id of this text exists.
   std::string_view text() const noexcept { return entry_ ? entry_->text() : std::string_view(); }
   std::string asString() const { return std::string(text()); }
-  // A deterministic hash of the text.
-  std::size_t hash() const noexcept { return entry_ ? entry_->hash : 0; }
+  // A hash of the text that is the same in every run, for orders that callers see and for nothing else:
+  // whoever writes ids can choose some that meet.
+  std::size_t orderHash() const noexcept { return entry_ ? entry_->order : 0; }
 
   // A number that the text has while any id of it lives, and no other text then: a place in tables whose
   // order nobody sees. The null id has 0; ids that were made one after the other mostly have neighbouring
@@ -53,8 +56,7 @@ class ApiPmId {
 
  private:
   struct Entry {
-    Entry* next;
-    std::uint64_t hash;
+    std::uint64_t order;
     std::uint32_t references;
     std::uint32_t length;
     std::uint32_t number;  // the text stands behind it
@@ -70,9 +72,14 @@ class ApiPmId {
   Entry* entry_ = nullptr;
 };
 
+// For look-ups: the id that a container keeps keeps its number.
 template <>
 struct std::hash<ApiPmId> {
-  std::size_t operator()(const ApiPmId& id) const noexcept { return id.hash(); }
+  std::size_t operator()(const ApiPmId& id) const noexcept { return rwSpread(id.number()); }
+};
+template <>
+struct RWOrderHash<ApiPmId> {
+  std::size_t operator()(const ApiPmId& id) const noexcept { return id.orderHash(); }
 };
 
 using ApiPmIdList = RWClassicTValOrderedVector<ApiPmId>;

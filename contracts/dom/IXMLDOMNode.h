@@ -145,7 +145,7 @@ class IXMLDOMNode {
   unsigned line() const noexcept;
   // A number that changes with every change of this node or of anything below it. Two equal numbers of one
   // node mean an unchanged subtree.
-  std::uint32_t changeStamp() const noexcept;
+  std::uint64_t changeStamp() const noexcept;
   // Address of the node, for hashing by identity.
   const void* identity() const noexcept { return node_; }
 

@@ -5,11 +5,14 @@
 #include <cstdint>
 #include <functional>
 #include <numeric>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "rw/RWFlatTable.h"
 #include "rw/RWPagedArray.h"
+#include "rw/RWTextHash.h"
 
 // When a dictionary changes its number of buckets.
 struct RWGrowth {
@@ -27,8 +30,13 @@ struct RWGrowth {
   }
 };
 
-// How a dictionary finds an entry: by the hash of the key; or by `key.number()`, for keys that have a small
-// number of their own while they live, and many of which have neighbouring ones.
+// The hash from which the order of a listing follows: the same in every run, for orders that callers see and
+// for nothing else.
+template <class K>
+struct RWOrderHash : std::hash<K> {};
+
+// How a dictionary finds an entry: by a hash of the key; or at the place `key.number()`, for keys that have a
+// small number of their own while they live, and many of which have neighbouring ones.
 struct RWByHash {};
 struct RWByNumber {};
 
@@ -38,13 +46,15 @@ struct RWByNumber {};
 //
 // 1. Entries stand in one sequence in order of insertion. An entry that goes leaves its place empty, and the
 //    places close up when more are empty than not.
-// 2. A listing is the sequence sorted by bucket (hash modulo bucketCount), stable.
+// 2. A listing is the sequence sorted by bucket (OrderHash modulo bucketCount), stable.
 // 3. Growing puts the sequence into listing order first, so rule 2 goes on to give what re-inserting the old
 //    buckets one after the other would give.
-// 4. Look-ups go through a table of their own (Lookup), whose size has nothing to do with bucketCount.
+// 4. Look-ups go through a table of their own (Lookup), which has nothing to do with bucketCount and
+// OrderHash:
+//    keys that were chosen to meet in the order's buckets cost nothing.
 //
 // A key stays at its address until its entry goes.
-template <class K, class V, class Hash = std::hash<K>, class Lookup = RWByHash>
+template <class K, class V, class OrderHash = RWOrderHash<K>, class Lookup = RWByHash>
 class RWClassicTValHashDictionary {
   static constexpr bool byNumber = std::is_same_v<Lookup, RWByNumber>;
   struct Plain {};
@@ -56,10 +66,9 @@ class RWClassicTValHashDictionary {
 
    private:
     friend class RWClassicTValHashDictionary;
-    Entry(const K& k, V v, std::size_t h) : key(k), value(std::move(v)), hash(h) {}
-    std::size_t hash;
+    Entry(const K& k, V v, std::size_t o) : key(k), value(std::move(v)), order(o) {}
+    std::size_t order;
     std::size_t place = 0;
-    Entry* chain = nullptr;
   };
 
   explicit RWClassicTValHashDictionary(RWGrowth growth = RWGrowth::never(), std::size_t buckets = 64)
@@ -92,7 +101,7 @@ class RWClassicTValHashDictionary {
       present->value = std::move(value);
       return *present;
     }
-    auto* entry = new Entry(key, std::move(value), Hash{}(key));
+    auto* entry = new Entry(key, std::move(value), OrderHash{}(key));
     entry->place = sequence_.size();
     sequence_.push_back(entry);
     table_.add(entry);
@@ -127,67 +136,42 @@ class RWClassicTValHashDictionary {
   std::vector<Entry*> listing() const {
     std::vector<std::size_t> start(bucketCount_ + 1, 0);
     for (const Entry* entry : sequence_) {
-      if (entry) ++start[entry->hash % bucketCount_ + 1];
+      if (entry) ++start[entry->order % bucketCount_ + 1];
     }
     std::partial_sum(start.begin(), start.end(), start.begin());
     std::vector<Entry*> listed(count_);
     for (Entry* entry : sequence_) {
-      if (entry) listed[start[entry->hash % bucketCount_]++] = entry;
+      if (entry) listed[start[entry->order % bucketCount_]++] = entry;
     }
     return listed;
   }
 
  private:
-  // Chains of entries by their hash, one entry long on the average.
   class HashTable {
    public:
     Entry* find(const K& key) const {
-      if (slots_.empty()) return nullptr;
-      const std::size_t hash = Hash{}(key);
-      for (Entry* entry = slots_[slotOf(hash)]; entry; entry = entry->chain) {
-        if (entry->hash == hash && entry->key == key) return entry;
-      }
-      return nullptr;
+      const auto* slot = entries_.find(hashOf(key), [&key](const Entry* entry) { return entry->key == key; });
+      return slot ? slot->value : nullptr;
     }
-    void add(Entry* entry) {
-      if (count_ >= slots_.size()) grow();
-      link(entry);
-      ++count_;
-    }
+    void add(Entry* entry) { entries_.add(hashOf(entry->key), entry); }
     void remove(const Entry* entry) noexcept {
-      Entry** at = &slots_[slotOf(entry->hash)];
-      while (*at != entry) at = &(*at)->chain;
-      *at = entry->chain;
-      --count_;
+      entries_.remove(entries_.find(hashOf(entry->key), [entry](const Entry* e) { return e == entry; }));
     }
-    void clear() noexcept {
-      slots_.clear();
-      count_ = 0;
-    }
+    void clear() noexcept { entries_.clear(); }
 
    private:
-    // The upper bits of a product: hashes that differ in their upper bits only, or by a large power of two,
-    // are parted too.
-    std::size_t slotOf(std::size_t hash) const noexcept {
-      return static_cast<std::size_t>((std::uint64_t{hash} * 0x9e3779b97f4a7c15ULL) >> shift_);
-    }
-    void link(Entry* entry) noexcept {
-      Entry*& slot = slots_[slotOf(entry->hash)];
-      entry->chain = slot;
-      slot = entry;
-    }
-    void grow() {
-      std::vector<Entry*> former(slots_.empty() ? 64 : slots_.size() * 2);
-      shift_ = slots_.empty() ? 64 - 6 : shift_ - 1;
-      former.swap(slots_);
-      for (Entry* entry : former) {
-        while (entry) link(std::exchange(entry, entry->chain));
+    // Never the order's hash where someone outside could choose the keys.
+    static std::uint64_t hashOf(const K& key) {
+      if constexpr (std::is_convertible_v<const K&, std::string_view>) {
+        return RWTextHash{}(key);
+      } else if constexpr (requires { key.number(); }) {
+        return rwSpread(key.number());
+      } else {
+        return rwSpread(std::uint64_t{OrderHash{}(key)});
       }
     }
 
-    std::vector<Entry*> slots_;  // none, or 2 to the power of 64 - shift_
-    std::size_t count_ = 0;
-    unsigned shift_ = 0;
+    RWFlatTable<Entry*> entries_;
   };
 
   // The entry keeps its key alive, so that its number is no other key's.

@@ -5,7 +5,7 @@
 #include "rw/RWClassicTValHashDictionary.h"
 
 // A hash set with the observable order of RWClassicTValHashDictionary.
-template <class T, class Hash = std::hash<T>>
+template <class T, class OrderHash = RWOrderHash<T>>
 class RWClassicTValHashSet {
  public:
   explicit RWClassicTValHashSet(RWGrowth growth = RWGrowth::never(), std::size_t buckets = 64)
@@ -31,5 +31,5 @@ class RWClassicTValHashSet {
 
  private:
   struct Nothing {};
-  RWClassicTValHashDictionary<T, Nothing, Hash> members_;
+  RWClassicTValHashDictionary<T, Nothing, OrderHash> members_;
 };

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "classes/ClassTable.h"
+#include "rw/RWTextHash.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ struct ApiPmClassTypeDataMgr::Table {
   };
   // Rows never move, so the keys may point into them.
   std::deque<Row> rows;
-  std::unordered_map<std::string_view, const Row*> byName;
+  std::unordered_map<std::string_view, const Row*, RWTextHash> byName;
   std::unordered_map<int, const Row*> byTypeId;
   int nextTypeId = classes::firstHostTypeId;
 

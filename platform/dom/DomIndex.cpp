@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 
 #include "DomNames.h"
 #include "DomTree.h"
+#include "rw/RWTextHash.h"
 
 namespace dom {
 
@@ -13,105 +15,114 @@ namespace {
 // A document that is searched by more names than this forgets the oldest.
 constexpr std::size_t mostIndexes = 32;
 
-std::uint64_t hashOf(std::string_view text) noexcept { return std::hash<std::string_view>{}(text); }
+std::uint64_t hashOf(std::string_view text) { return RWTextHash{}(text); }
 
 }  // namespace
 
-HashIndex::HashIndex(HashIndex&& other) noexcept
-    : places_(std::move(other.places_)), used_(other.used_), kept_(other.kept_) {
-  other.places_.clear();
+// Of the elements that own the nodes; the nodes of one element in any order.
+bool HashIndex::InOrder::operator()(const Node* a, const Node* b) const {
+  if (a->parent == b->parent) return std::less<const Node*>{}(a, b);
+  return before(a->parent, b->parent);
 }
+
+// Most groups are small, or a whole index's making has put them in order and nothing changes them: a run of
+// nodes does. A large one that changes becomes a tree, so that no change costs by the size of the group.
+struct HashIndex::Group {
+  static constexpr std::size_t shortRun = 64;
+
+  std::vector<Node*> run;
+  std::set<Node*, InOrder> tree;
+  std::vector<Node*> fresh;  // came since the last look
+
+  // Puts in order what came.
+  void settle() {
+    if (fresh.empty()) return;
+    if (!tree.empty() || run.size() + fresh.size() > shortRun) {
+      makeTree();
+      for (Node* const node : fresh) tree.insert(tree.end(), node);
+    } else {
+      for (Node* const node : fresh)
+        run.insert(std::upper_bound(run.begin(), run.end(), node, InOrder()), node);
+    }
+    fresh.clear();
+  }
+  void makeTree() {
+    for (Node* const node : run) tree.insert(tree.end(), node);
+    run.clear();
+  }
+  void remove(Node* node) {
+    settle();
+    if (run.size() > shortRun) makeTree();
+    if (!tree.empty()) {
+      tree.erase(node);
+    } else {
+      std::erase(run, node);
+    }
+  }
+  std::size_t size() const noexcept { return run.size() + tree.size() + fresh.size(); }
+  Node* any() const { return !run.empty() ? run.front() : !tree.empty() ? *tree.begin() : fresh.front(); }
+};
+
+namespace {
+
+// What stands in a slot: one node, or a group with its lowest bit set.
+constexpr std::uintptr_t groupBit = 1;
+
+}  // namespace
 
 HashIndex::~HashIndex() {
-  for (const Place& place : places_) {
-    if ((place.what & 1) != 0) delete reinterpret_cast<Group*>(place.what - 1);
-  }
+  places_.each([](std::uintptr_t what) {
+    if ((what & groupBit) != 0) delete groupOf(what);
+  });
 }
 
-HashIndex::Place* HashIndex::find(std::uint64_t hash) noexcept {
-  if (places_.empty()) return nullptr;
-  const std::size_t mask = places_.size() - 1;
-  for (std::size_t at = hash & mask;; at = (at + 1) & mask) {
-    Place& place = places_[at];
-    if (place.what == 0) return nullptr;
-    if (place.what != freed && place.hash == hash) return &place;
-  }
-}
-
-void HashIndex::grow() {
-  std::size_t size = 64;
-  while (size < kept_ * 3) size *= 2;
-  std::vector<Place> old(size);
-  old.swap(places_);
-  used_ = kept_;
-  for (const Place& place : old) {
-    if (place.what == 0 || place.what == freed) continue;
-    std::size_t at = place.hash & (size - 1);
-    while (places_[at].what != 0) at = (at + 1) & (size - 1);
-    places_[at] = place;
-  }
+HashIndex::Group* HashIndex::groupOf(std::uintptr_t what) noexcept {
+  return reinterpret_cast<Group*>(what - groupBit);
 }
 
 void HashIndex::add(std::uint64_t hash, Node* node, bool inOrder) {
-  if (Place* const place = find(hash)) {
-    if ((place->what & 1) == 0) {
-      auto* const group = new Group{{reinterpret_cast<Node*>(place->what)}, 1};
-      place->what = reinterpret_cast<std::uintptr_t>(group) + 1;
-    }
-    Group& group = *reinterpret_cast<Group*>(place->what - 1);
-    group.nodes.push_back(node);
-    if (inOrder) group.ordered = group.nodes.size();
+  auto* const place = places_.find(hash);
+  if (place == nullptr) {
+    places_.add(hash, reinterpret_cast<std::uintptr_t>(node));
     return;
   }
-  if ((used_ + 1) * 4 > places_.size() * 3) grow();
-  const std::size_t mask = places_.size() - 1;
-  std::size_t at = hash & mask;
-  while (places_[at].what != 0) at = (at + 1) & mask;
-  places_[at] = {hash, reinterpret_cast<std::uintptr_t>(node)};
-  ++used_;
-  ++kept_;
+  if ((place->value & groupBit) == 0) {
+    auto* const made = new Group;
+    made->run.push_back(reinterpret_cast<Node*>(place->value));
+    place->value = reinterpret_cast<std::uintptr_t>(made) + groupBit;
+  }
+  Group& group = *groupOf(place->value);
+  (inOrder ? group.run : group.fresh).push_back(node);
 }
 
-void HashIndex::remove(std::uint64_t hash, Node* node) noexcept {
-  Place* const place = find(hash);
+void HashIndex::remove(std::uint64_t hash, Node* node) {
+  auto* const place = places_.find(hash);
   if (place == nullptr) return;
-  if ((place->what & 1) == 0) {
-    if (place->what != reinterpret_cast<std::uintptr_t>(node)) return;
-    place->what = freed;
-    --kept_;
+  if ((place->value & groupBit) == 0) {
+    if (place->value == reinterpret_cast<std::uintptr_t>(node)) places_.remove(place);
     return;
   }
-  Group* const group = reinterpret_cast<Group*>(place->what - 1);
-  const auto at = std::find(group->nodes.begin(), group->nodes.end(), node);
-  if (at == group->nodes.end()) return;
-  if (static_cast<std::size_t>(at - group->nodes.begin()) < group->ordered) --group->ordered;
-  group->nodes.erase(at);
-  if (group->nodes.size() > 1) return;
-  place->what = reinterpret_cast<std::uintptr_t>(group->nodes.front());
+  Group* const group = groupOf(place->value);
+  group->remove(node);
+  if (group->size() > 1) return;
+  place->value = reinterpret_cast<std::uintptr_t>(group->any());
   delete group;
 }
 
-template <class OrderedBy, class Visit>
-void HashIndex::each(std::uint64_t hash, OrderedBy orderedBy, Visit visit) {
-  const Place* const place = find(hash);
+template <class Visit>
+void HashIndex::each(std::uint64_t hash, Visit visit) {
+  const auto* const place = places_.find(hash);
   if (place == nullptr) return;
-  if ((place->what & 1) == 0) {
-    visit(reinterpret_cast<Node*>(place->what));
+  if ((place->value & groupBit) == 0) {
+    visit(reinterpret_cast<Node*>(place->value));
     return;
   }
-  Group& group = *reinterpret_cast<Group*>(place->what - 1);
-  if (group.ordered < group.nodes.size()) {
-    const auto less = [&](const Node* a, const Node* b) {
-      const Node* const left = orderedBy(a);
-      const Node* const right = orderedBy(b);
-      return left != right && before(left, right);
-    };
-    const auto middle = group.nodes.begin() + static_cast<std::ptrdiff_t>(group.ordered);
-    std::sort(middle, group.nodes.end(), less);
-    std::inplace_merge(group.nodes.begin(), middle, group.nodes.end(), less);
-    group.ordered = group.nodes.size();
+  Group& group = *groupOf(place->value);
+  group.settle();
+  for (Node* const node : group.run) {
+    if (visit(node)) return;
   }
-  for (Node* const node : group.nodes) {
+  for (Node* const node : group.tree) {
     if (visit(node)) return;
   }
 }
@@ -143,8 +154,7 @@ struct Indexes::ByName {
   }
   void search(std::string_view value, bool all, std::vector<Node*>& found) {
     found.clear();
-    const auto owner = [](const Node* node) { return node->parent; };
-    values.each(hashOf(value), owner, [&](Node* node) {
+    values.each(hashOf(value), [&](Node* node) {
       if (!textEquals(node, value)) return false;
       if (found.empty() || found.back() != node->parent) found.push_back(node->parent);
       return !all;

@@ -6,44 +6,35 @@
 #include <vector>
 
 #include "DomNode.h"
+#include "rw/RWFlatTable.h"
 
 namespace dom {
 
-// Nodes by the hash of a text. Nodes of one hash stand together in document order of the elements that they
-// answer a search with; those that came later are put in order at the next look.
+// Nodes by the hash of a text. Nodes of one hash stand together in document order of the elements that own
+// them, as attribute or as child; those that came later are put in order at the next look. A node has to
+// leave before it or an element above it moves.
 class HashIndex {
  public:
   HashIndex() = default;
-  HashIndex(HashIndex&&) noexcept;
+  HashIndex(HashIndex&&) noexcept = default;
   HashIndex& operator=(HashIndex&&) = delete;
   ~HashIndex();
 
   // `inOrder`: behind all that are there, as a walk in document order gives them.
   void add(std::uint64_t hash, Node* node, bool inOrder);
-  void remove(std::uint64_t hash, Node* node) noexcept;
-  // Calls `visit` for each node of this hash, in order, until it answers true. `orderedBy` gives the element
-  // that stands for a node.
-  template <class OrderedBy, class Visit>
-  void each(std::uint64_t hash, OrderedBy orderedBy, Visit visit);
+  void remove(std::uint64_t hash, Node* node);
+  // Calls `visit` for each node of this hash, in order, until it answers true.
+  template <class Visit>
+  void each(std::uint64_t hash, Visit visit);
 
  private:
-  struct Group {
-    std::vector<Node*> nodes;
-    std::size_t ordered;  // so many at the front are in order
+  struct InOrder {
+    bool operator()(const Node* a, const Node* b) const;
   };
-  // A free place, a place that was freed, one node, or a group with its lowest bit set.
-  struct Place {
-    std::uint64_t hash = 0;
-    std::uintptr_t what = 0;
-  };
-  static constexpr std::uintptr_t freed = 2;
+  struct Group;
+  static Group* groupOf(std::uintptr_t what) noexcept;
 
-  Place* find(std::uint64_t hash) noexcept;
-  void grow();
-
-  std::vector<Place> places_;
-  std::size_t used_ = 0;  // free places it has not, freed ones included
-  std::size_t kept_ = 0;  // hashes in it
+  RWFlatTable<std::uintptr_t> places_;
 };
 
 // What a document knows of the values in its own tree: for each name that was ever searched for, the nodes by

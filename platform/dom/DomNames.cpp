@@ -2,8 +2,10 @@
 
 #include <deque>
 #include <string>
-#include <unordered_map>
 #include <vector>
+
+#include "rw/RWFlatTable.h"
+#include "rw/RWTextHash.h"
 
 namespace dom {
 
@@ -12,16 +14,20 @@ namespace {
 struct Table {
   std::deque<std::string> store;
   std::vector<std::string_view> texts;
-  std::unordered_map<std::string_view, NameId> ids;
+  RWFlatTable<NameId> ids;  // each one more than it is, since 0 is no value of the table
 
   Table() {
     for (const char* name : {"", "#text", "#cdata-section", "#comment", "#document", "xml"}) add(name);
+  }
+  NameId find(std::string_view name) const {
+    const auto* slot = ids.find(RWTextHash{}(name), [&](NameId id) { return texts[id - 1] == name; });
+    return slot != nullptr ? slot->value - 1 : anyName;
   }
   NameId add(std::string_view name) {
     const std::string_view kept = store.emplace_back(name);
     const auto id = static_cast<NameId>(texts.size());
     texts.push_back(kept);
-    ids.emplace(kept, id);
+    ids.add(RWTextHash{}(name), id + 1);
     return id;
   }
 };
@@ -36,15 +42,11 @@ Table& table() {
 
 NameId internName(std::string_view name) {
   Table& names = table();
-  const auto known = names.ids.find(name);
-  return known != names.ids.end() ? known->second : names.add(name);
+  const NameId known = names.find(name);
+  return known != anyName ? known : names.add(name);
 }
 
-NameId findName(std::string_view name) noexcept {
-  const Table& names = table();
-  const auto known = names.ids.find(name);
-  return known != names.ids.end() ? known->second : anyName;
-}
+NameId findName(std::string_view name) noexcept { return table().find(name); }
 
 std::string_view nameOf(NameId id) noexcept { return table().texts[id]; }
 

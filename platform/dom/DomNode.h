@@ -26,12 +26,19 @@ class Indexes;
 //    one text node that nobody has asked for yet.
 // 4. A text of at most inlineText bytes stands in `slot`, a longer one in the pool with its address in
 // `slot`.
+// 5. An element whose short text somebody has asked for as a node is `shown`: it goes on to hold its text
+// where
+//    views of it point, and the text node, which has the same text, stands in a table beside the tree
+//    (`show`). Before either changes the element is made one with a child.
 struct Node {
   static constexpr std::uint32_t inlineText = 12;
 
   std::uint32_t refs = 0;  // handles to this node
   NameId name = 0;
-  std::uint8_t type = NODE_INVALID;
+  std::uint32_t type : 8;
+  std::uint32_t known : 1;  // Lists knows something of the children
+  std::uint32_t shown : 1;  // the own text is a text node too: rule 5
+  std::uint32_t stampUpper : 22;
   std::uint32_t length = 0;  // bytes of the text
   Node* parent = nullptr;
   union {
@@ -43,12 +50,20 @@ struct Node {
     std::size_t treeRefs;  // detached root: nodes of the tree with handles
   };
   alignas(8) unsigned char slot[inlineText];  // text, or first child (8 bytes) and line (4 bytes)
-  std::uint32_t stamp = 0;
+  std::uint32_t stampLower = 0;
 
-  Node(int nodeType, NameId nodeName) noexcept : name(nodeName), type(static_cast<std::uint8_t>(nodeType)) {
+  Node(int nodeType, NameId nodeName) noexcept
+      : name(nodeName), type(static_cast<std::uint8_t>(nodeType)), known(0), shown(0), stampUpper(0) {
     prev = nullptr;
     next = nullptr;
     std::memset(slot, 0, sizeof slot);
+  }
+
+  // 54 bits: a change each nanosecond would take half a year to use them up.
+  std::uint64_t stamp() const noexcept { return std::uint64_t{stampUpper} << 32 | stampLower; }
+  void setStamp(std::uint64_t value) noexcept {
+    stampUpper = static_cast<std::uint32_t>(value >> 32) & 0x3fffff;
+    stampLower = static_cast<std::uint32_t>(value);
   }
 
   bool isElement() const noexcept { return type == NODE_ELEMENT; }

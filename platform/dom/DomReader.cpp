@@ -5,12 +5,12 @@
 
 #include <algorithm>
 #include <new>
-#include <vector>
 
 #include "DomNames.h"
 #include "DomReaderWords.h"
 #include "DomText.h"
 #include "DomTree.h"
+#include "rw/RWFlatTable.h"
 
 namespace dom {
 
@@ -48,7 +48,7 @@ std::string tooManyAttributes() {
 class Reader {
  public:
   Reader(ByteSource& source, DocumentNode* document, DomError& error)
-      : source_(source), document_(document), current_(document), error_(error), names_(256) {}
+      : source_(source), document_(document), current_(document), error_(error) {}
   Reader(const Reader&) = delete;
   Reader& operator=(const Reader&) = delete;
   ~Reader() { xmlFreeParserCtxt(parser_); }
@@ -56,11 +56,6 @@ class Reader {
   bool run();
 
  private:
-  struct KnownName {
-    const xmlChar* text = nullptr;
-    NameId id = nameNone;
-  };
-
   static Reader& self(void* data) { return *static_cast<Reader*>(data); }
 
   // Runs one event unless the reading has ended.
@@ -105,9 +100,8 @@ class Reader {
   int depth_ = 0;
   unsigned line_ = 0;  // where the last event ended
   bool failed_ = false;
-  std::vector<KnownName> names_;  // by the parser's own address of a name
-  std::size_t namesKnown_ = 0;
-  std::string head_;  // the first bytes, for the XML declaration as it is written
+  RWFlatTable<NameId> names_;  // by the parser's own address of a name
+  std::string head_;           // the first bytes, for the XML declaration as it is written
   char last_[2] = {};
 };
 
@@ -219,32 +213,14 @@ void Reader::declaration() {
 }
 
 NameId Reader::idOf(const xmlChar* name) {
-  const auto spread = [](const xmlChar* text) {
-    return reinterpret_cast<std::uintptr_t>(text) * 0x9E3779B97F4A7C15u >> 32;
-  };
-  std::size_t mask = names_.size() - 1;
-  std::size_t at = spread(name) & mask;
-  for (; names_[at].text != nullptr; at = (at + 1) & mask) {
-    if (names_[at].text == name) return names_[at].id;
-  }
-  if (namesKnown_ == IXMLDOMDocument::maxNames) {
+  const std::uint64_t hash = rwSpread(name);
+  if (const auto* known = names_.find(hash)) return known->value;
+  if (names_.size() == IXMLDOMDocument::maxNames) {
     refuse("there are more than " + std::to_string(IXMLDOMDocument::maxNames) +
            " different names of elements and attributes");
     return nameNone;
   }
-  const NameId id = internName(view(name));
-  names_[at] = {name, id};
-  if (++namesKnown_ * 2 < names_.size()) return id;
-  std::vector<KnownName> old(names_.size() * 2);
-  old.swap(names_);
-  mask = names_.size() - 1;
-  for (const KnownName& known : old) {
-    if (known.text == nullptr) continue;
-    std::size_t to = spread(known.text) & mask;
-    while (names_[to].text != nullptr) to = (to + 1) & mask;
-    names_[to] = known;
-  }
-  return id;
+  return names_.add(hash, internName(view(name))).value;
 }
 
 // The parser stands at the end of a start tag. Nearly always the tag began on the line where the event before

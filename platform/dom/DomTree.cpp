@@ -7,15 +7,42 @@
 #include "DomLists.h"
 #include "DomNames.h"
 #include "rt/RTPool.h"
+#include "rw/RWFlatTable.h"
 
 namespace dom {
 
 namespace {
 
 std::size_t living = 0;
-std::uint32_t lastStamp = 0;  // 0 is that of a node whose stamp nobody has asked for
+
+// The text nodes of elements that are shown, by element. Never destroyed, like the names.
+RWFlatTable<Node*>& shownTexts() {
+  static auto* const texts = new RWFlatTable<Node*>;
+  return *texts;
+}
+
+Node* shownText(const Node* element) noexcept { return shownTexts().find(rwSpread(element))->value; }
+
+Node* takeShownText(Node* element) noexcept {
+  auto* const slot = shownTexts().find(rwSpread(element));
+  Node* const text = slot->value;
+  shownTexts().remove(slot);
+  element->shown = false;
+  return text;
+}
+
+// A shown element, made one with a child.
+void settle(Node* element) noexcept {
+  if (!element->shown) return;
+  Node* const text = takeShownText(element);
+  std::memset(element->slot, 0, sizeof element->slot);
+  element->length = 0;
+  element->setFirst(text);
+}
 
 void freeNode(Node* node) noexcept {
+  if (node->shown) freeNode(takeShownText(node));
+  if (node->known) lists().forget(node);
   if (node->length > Node::inlineText) RTPool::free(const_cast<char*>(node->ownText().data()), node->length);
   --living;
   if (node->isElement()) {
@@ -59,6 +86,7 @@ std::size_t heldIn(const Node* top) noexcept {
   std::size_t count = 0;
   for (const Node* node = top; node != nullptr; node = following(node, top)) {
     count += held(node);
+    if (node->shown) count += held(shownText(node));
     for (const Node* a = firstAttribute(node); a != nullptr; a = a->next) count += held(a);
   }
   return count;
@@ -72,10 +100,11 @@ std::size_t& heldCount(Node* root) noexcept {
 // former tree may be without handles afterwards: the caller looks.
 void cut(Node* node) {
   Node* const parent = node->parent;
+  settle(parent);
   Node* const root = rootOf(parent);
   DocumentNode* const document = root->type == NODE_DOCUMENT ? asDocument(root) : root->owner;
   Indexes* const indexes = root->type == NODE_DOCUMENT ? document->indexes.get() : nullptr;
-  Lists::List* const list = lists().listOf(parent);
+  Lists::Known* known = nullptr;
   if (node->type == NODE_ATTRIBUTE) {
     if (indexes != nullptr) indexes->leaveAttribute(node);
     unlink(asElement(parent)->attributes, node);
@@ -84,6 +113,7 @@ void cut(Node* node) {
       indexes->leaveTree(node);
       indexes->leaveContent(parent);
     }
+    known = lists().of(parent);  // not before: the indexes may ask for an order
     Node* first = parent->first();
     unlink(first, node);
     parent->setFirst(first);
@@ -96,7 +126,7 @@ void cut(Node* node) {
   node->treeRefs = count;
   ++document->detachedTrees;
   touch(parent);
-  Lists::removed(list, node);
+  lists().removed(known, node);
 }
 
 // What `cut` left behind or an emptied handle count: frees it when nobody holds it.
@@ -222,7 +252,7 @@ int heightOf(const Node* top) noexcept {
   }
 }
 
-bool before(const Node* a, const Node* b) noexcept {
+bool before(const Node* a, const Node* b) {
   const auto depth = [](const Node* node) {
     int count = 0;
     for (; node->parent != nullptr; node = node->parent) ++count;
@@ -235,13 +265,18 @@ bool before(const Node* a, const Node* b) noexcept {
   for (; depthB > depthA; --depthB) b = b->parent;
   if (a == b) return shallower;
   for (; a->parent != b->parent; a = a->parent) b = b->parent;
-  // Two siblings: walk from both at once, so that the cost is their distance, or less near the end.
-  for (const Node *nextA = a, *nextB = b;;) {
+  // Two siblings: a walk from both at once finds those that are near to each other or to the end.
+  constexpr int shortWalk = 32;
+  const Node* nextA = a;
+  const Node* nextB = b;
+  for (int i = 0; i < shortWalk; ++i) {
+    ++work.nodesVisited;
     nextA = nextA->next;
     nextB = nextB->next;
     if (nextA == b || nextB == nullptr) return true;
     if (nextB == a || nextA == nullptr) return false;
   }
+  return lists().before(a->parent, a, b);
 }
 
 std::string textOf(const Node* node) {
@@ -379,6 +414,10 @@ void linkAttribute(Node* element, Node* attribute) noexcept {
 
 void materialise(Node* element) {
   if (!element->isElement() || element->length == 0) return;
+  if (element->shown) {
+    settle(element);
+    return;
+  }
   Node* const text = newNode(NODE_TEXT, nameText);
   std::memcpy(text->slot, element->slot, sizeof text->slot);
   text->length = element->length;
@@ -387,14 +426,30 @@ void materialise(Node* element) {
   linkLast(element, text);
 }
 
-std::uint32_t stampOf(Node* node) noexcept {
-  if (node->stamp == 0) node->stamp = ++lastStamp;
-  return node->stamp;
+void show(Node* element) {
+  if (!element->isElement() || element->shown) return;
+  if (element->length == 0 || element->length > Node::inlineText) {
+    materialise(element);  // bytes in the pool stay where they are
+    return;
+  }
+  Node* const text = newNode(NODE_TEXT, nameText);
+  initText(text, element->ownText());
+  Node* none = nullptr;
+  link(none, element, text);
+  shownTexts().add(rwSpread(element), text);
+  element->shown = true;
+}
+
+Node* firstShown(const Node* parent) noexcept { return parent->shown ? shownText(parent) : parent->first(); }
+
+std::uint64_t stampOf(Node* node) noexcept {
+  if (node->stamp() == 0) node->setStamp(++lastStamp);
+  return node->stamp();
 }
 
 void touch(Node* node) noexcept {
   ++lastStamp;
-  for (; node != nullptr; node = node->parent) node->stamp = lastStamp;
+  for (; node != nullptr; node = node->parent) node->setStamp(lastStamp);
 }
 
 void moveTo(Node* parent, Node* child, bool toFront) {
@@ -403,14 +458,14 @@ void moveTo(Node* parent, Node* child, bool toFront) {
     if (top->type != NODE_DOCUMENT || asDocument(top)->indexes == nullptr) {
       // To the end of its own siblings: the tree, its handles and its levels stay, so the subtree is not
       // walked.
-      Lists::List* const list = lists().listOf(parent);
+      Lists::Known* const known = lists().of(parent);
       Node* first = parent->first();
       unlink(first, child);
       parent->setFirst(first);
       linkLast(parent, child);
       touch(parent);
-      Lists::removed(list, child);
-      Lists::appended(list, child);
+      lists().removed(known, child);
+      lists().appended(known, child);
       return;
     }
   }
@@ -420,7 +475,8 @@ void moveTo(Node* parent, Node* child, bool toFront) {
   DocumentNode* const former = giveUpRoot(child, root);
   Indexes* const indexes = root->type == NODE_DOCUMENT ? asDocument(root)->indexes.get() : nullptr;
   if (indexes != nullptr) indexes->leaveContent(parent);
-  Lists::List* const list = toFront ? nullptr : lists().listOf(parent);
+  if (toFront) lists().forget(parent);
+  Lists::Known* const known = lists().of(parent);
   materialise(parent);
   if (toFront) {
     linkFirst(parent, child);
@@ -432,7 +488,7 @@ void moveTo(Node* parent, Node* child, bool toFront) {
     indexes->enterTree(child);
   }
   touch(parent);
-  Lists::appended(list, child);
+  lists().appended(known, child);
   // The tree that the child left may have had no other handle. If it went, it took care of its document.
   if (from != nullptr && from != root) dropIfUnheld(from);
   if (from == nullptr) freeIfUnused(former);
@@ -444,12 +500,19 @@ void detach(Node* node) {
 }
 
 void removeChildren(Node* parent) {
+  settle(parent);
   while (Node* child = parent->first()) detach(child);
 }
 
 void changeValue(Node* node, std::string_view value) {
   DocumentNode* const home = homeOf(node);
   Indexes* const indexes = home != nullptr ? home->indexes.get() : nullptr;
+  std::string kept;  // the value may be a view of the element's own text
+  if (node->parent != nullptr && node->parent->shown && node->type != NODE_ATTRIBUTE) {
+    kept = value;
+    value = kept;
+    settle(node->parent);
+  }
   if (indexes == nullptr || node->parent == nullptr) {
     setOwnText(node, value);
   } else if (node->type == NODE_ATTRIBUTE) {
@@ -469,7 +532,7 @@ void changeText(Node* element, std::string_view text) {
   Indexes* const indexes = home != nullptr ? home->indexes.get() : nullptr;
   // The text may be a view of a child that goes.
   std::string kept;
-  if (element->first() != nullptr) {
+  if (firstShown(element) != nullptr) {
     kept = text;
     text = kept;
     removeChildren(element);
@@ -568,7 +631,6 @@ void freeTree(Node* root) noexcept {
 
 void freeIfUnused(DocumentNode* document) noexcept {
   if (document->heldNodes != 0 || document->detachedTrees != 0) return;
-  lists().clear();
   freeTree(document);
 }
 

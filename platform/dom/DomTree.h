@@ -51,7 +51,7 @@ Node* followingOver(const Node* node, const Node* top) noexcept;  // without wha
 int levelOf(const Node* node) noexcept;
 int heightOf(const Node* node) noexcept;
 // Whether `a` stands before `b` in the document order of one tree.
-bool before(const Node* a, const Node* b) noexcept;
+bool before(const Node* a, const Node* b);
 
 std::string textOf(const Node* node);
 // The text in one piece, taken together in `buffer` where it is in several.
@@ -70,8 +70,12 @@ void linkLast(Node* parent, Node* child) noexcept;
 void linkFirst(Node* parent, Node* child) noexcept;
 void linkAttribute(Node* element, Node* attribute) noexcept;
 
-// Turns the text that an element holds itself into a text node.
+// Turns the text that an element holds itself into a text node, for a change.
 void materialise(Node* element);
+// Makes it a text node that can be handed out; the bytes of the text stay where they are.
+void show(Node* element);
+// The first child of any kind, one that is shown included.
+Node* firstShown(const Node* parent) noexcept;
 
 // Changes of a tree in use: indexes and stamps go with them.
 void moveTo(Node* parent, Node* child, bool toFront);
@@ -82,7 +86,9 @@ void changeText(Node* element, std::string_view text);
 void putAttribute(Node* element, Node* attribute);  // in place of one of its name
 void touch(Node* node) noexcept;
 // The stamp of a node, given now if it has none yet.
-std::uint32_t stampOf(Node* node) noexcept;
+std::uint64_t stampOf(Node* node) noexcept;
+// The last one that was given; 0 is that of a node whose stamp nobody has asked for.
+inline std::uint64_t lastStamp = 0;
 
 // A detached copy owned by the same document.
 Node* cloneOf(const Node* node, DocumentNode* owner, bool deep);

@@ -9,6 +9,7 @@
 #include "DomIndex.h"
 #include "DomNames.h"
 #include "DomTree.h"
+#include "rw/RWTextHash.h"
 
 namespace dom {
 
@@ -77,7 +78,7 @@ class Cache {
     return *entries_.emplace(text, std::move(entry)).first->second;
   }
 
-  std::unordered_map<std::string_view, std::unique_ptr<Entry>> entries_;
+  std::unordered_map<std::string_view, std::unique_ptr<Entry>, RWTextHash> entries_;
   std::array<Short, 128> shorts_;  // by 7 bits
 };
 

@@ -61,7 +61,9 @@ IXMLDOMNode& IXMLDOMNode::operator=(IXMLDOMNode&& other) noexcept {
   return *this;
 }
 
-int IXMLDOMNode::nodeType() const noexcept { return node_ != nullptr ? int{node_->type} : NODE_INVALID; }
+int IXMLDOMNode::nodeType() const noexcept {
+  return node_ != nullptr ? static_cast<int>(node_->type) : NODE_INVALID;
+}
 
 std::string_view IXMLDOMNode::nodeName() const noexcept {
   return node_ != nullptr ? dom::nameOf(node_->name) : std::string_view();
@@ -112,8 +114,9 @@ IXMLDOMElement IXMLDOMNode::nextElementSibling() const {
 IXMLDOMNodeList IXMLDOMNode::childNodes() const {
   IXMLDOMNodeList list;
   if (node_ == nullptr || !node_->takesChildren()) return list;
-  dom::materialise(node_);
-  for (Node* child = node_->first(); child != nullptr; child = child->next) list.append(Node::handle(child));
+  dom::show(node_);
+  for (Node* child = dom::firstShown(node_); child != nullptr; child = child->next)
+    list.append(Node::handle(child));
   return list;
 }
 
@@ -229,7 +232,7 @@ std::string IXMLDOMNode::xml() const { return node_ != nullptr ? dom::xmlOf(node
 
 unsigned IXMLDOMNode::line() const noexcept { return node_ != nullptr ? node_->line() : 0; }
 
-std::uint32_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? dom::stampOf(node_) : 0; }
+std::uint64_t IXMLDOMNode::changeStamp() const noexcept { return node_ != nullptr ? dom::stampOf(node_) : 0; }
 
 IXMLDOMName::IXMLDOMName(std::string_view text) : id_(dom::internName(text)) {}
 

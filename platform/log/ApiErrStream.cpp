@@ -1,4 +1,5 @@
 #include "api/ApiErrStream.h"
+#include "rw/RWTextHash.h"
 
 #include <unordered_map>
 #include <utility>
@@ -10,7 +11,7 @@ struct ApiErrStream::State {
     int severity;
     std::string text;
   };
-  std::unordered_map<std::string, Definition> definitions;
+  std::unordered_map<std::string, Definition, RWTextHash> definitions;
   ApiErrEntry entry;
   bool hasSeverity = false;
   Sink sink;

@@ -9,6 +9,8 @@
 #include <new>
 
 #include "rt/RTPool.h"
+#include "rw/RWFlatTable.h"
+#include "rw/RWTextHash.h"
 
 namespace {
 
@@ -28,9 +30,10 @@ std::uint64_t mixed(std::uint64_t value) noexcept {
   return value;
 }
 
-// Eight bytes at a time. Every step is invertible, so texts of one length that differ in one word only never
-// collide; the length goes in first, so that trailing zero bytes count.
-std::uint64_t hashOf(std::string_view text) noexcept {
+// The hash for orders that callers see, the same in every run. Eight bytes at a time. Every step is
+// invertible, so texts of one length that differ in one word only never collide; the length goes in first, so
+// that trailing zero bytes count.
+std::uint64_t orderOf(std::string_view text) noexcept {
   const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
   std::size_t left = text.size();
   std::uint64_t hash = 0x9e3779b97f4a7c15ULL ^ left;
@@ -80,89 +83,68 @@ class Numbers {
 
 }  // namespace
 
-// All texts in use: open hashing, a power of two of slots, at most half as many entries: every entry that a
-// look-up walks past is a miss of the processor's cache. It is set up before any code runs and never taken
-// down, so that ids may stand in statics. It never shrinks.
+// All texts in use, by a keyed hash. It stands before any code runs and is never taken down, so that ids may
+// stand in statics.
 struct ApiPmIdTable {
   using Entry = ApiPmId::Entry;
 
-  Entry** slots = nullptr;
-  std::size_t mask = 0;
-  std::size_t count = 0;
+  RWFlatTable<Entry*> entries;
   Numbers numbers;
 
   static constexpr std::size_t head = offsetof(Entry, number) + sizeof(Entry::number);
   static std::size_t sizeOf(std::size_t length) { return std::max(sizeof(Entry), head + length); }
 
   Entry* find(std::string_view text, std::uint64_t hash) const noexcept {
-    if (!slots) return nullptr;
-    for (Entry* entry = slots[hash & mask]; entry; entry = entry->next) {
-      if (entry->hash == hash && entry->text() == text) return entry;
-    }
-    return nullptr;
+    const auto* slot = entries.find(hash, [text](const Entry* entry) { return entry->text() == text; });
+    return slot ? slot->value : nullptr;
   }
 
   Entry* add(std::string_view text, std::uint64_t hash) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
-    if (!slots || count > mask / 2) grow();
     const std::uint32_t number = numbers.take();
-    void* memory;
+    void* memory = nullptr;
     try {
       memory = RTPool::allocate(sizeOf(text.size()));
+      auto* entry = new (memory) Entry{orderOf(text), 0, static_cast<std::uint32_t>(text.size()), number};
+      std::memcpy(static_cast<char*>(memory) + head, text.data(), text.size());
+      entries.add(hash, entry);
+      return entry;
     } catch (...) {
+      if (memory) RTPool::free(memory, sizeOf(text.size()));
       numbers.giveBack(number);
       throw;
     }
-    Entry*& slot = slots[hash & mask];
-    auto* entry = new (memory) Entry{slot, hash, 0, static_cast<std::uint32_t>(text.size()), number};
-    std::memcpy(static_cast<char*>(memory) + head, text.data(), text.size());
-    slot = entry;
-    ++count;
-    return entry;
   }
 
   void remove(Entry* entry) noexcept {
-    Entry** link = &slots[entry->hash & mask];
-    while (*link != entry) link = &(*link)->next;
-    *link = entry->next;
+    entries.remove(entries.find(RWTextHash{}(entry->text()), [entry](const Entry* e) { return e == entry; }));
     numbers.giveBack(entry->number);
     RTPool::free(entry, sizeOf(entry->length));
-    --count;
-  }
-
-  void grow() {
-    const std::size_t size = slots ? (mask + 1) * 4 : 4096;
-    auto* bigger = static_cast<Entry**>(RTPool::allocate(size * sizeof(Entry*)));
-    std::fill_n(bigger, size, nullptr);
-    for (std::size_t i = 0; slots && i <= mask; ++i) {
-      for (Entry* entry = slots[i]; entry;) {
-        Entry* next = entry->next;
-        Entry*& slot = bigger[entry->hash & (size - 1)];
-        entry->next = slot;
-        slot = entry;
-        entry = next;
-      }
-    }
-    if (slots) RTPool::free(slots, (mask + 1) * sizeof(Entry*));
-    slots = bigger;
-    mask = size - 1;
   }
 };
 
 namespace {
-constinit ApiPmIdTable table;
+
+union NeverDestroyed {
+  ApiPmIdTable value;
+  constexpr NeverDestroyed() : value() {}
+  ~NeverDestroyed() {}
+};
+constinit NeverDestroyed ids;
+constexpr ApiPmIdTable& table = ids.value;
+
 }  // namespace
 
 ApiPmId::ApiPmId(std::string_view text) {
   if (text.empty()) return;
-  const std::uint64_t hash = hashOf(text);
+  const std::uint64_t hash = RWTextHash{}(text);
   entry_ = table.find(text, hash);
   if (!entry_) entry_ = table.add(text, hash);
   ++entry_->references;
 }
 
 ApiPmId ApiPmId::existing(std::string_view text) noexcept {
-  return text.empty() ? ApiPmId() : ApiPmId(table.find(text, hashOf(text)));
+  return text.empty() ? ApiPmId() : ApiPmId(table.find(text, RWTextHash{}(text)));
 }
 
 void ApiPmId::drop(Entry* entry) noexcept { table.remove(entry); }

@@ -89,7 +89,7 @@ TEST_F(DomReading, RefusesWithThePlaceAndLeavesTheDocument) {
       {manyNames(IXMLDOMDocument::maxNames + 1), 1, "different names"},
   };
   const IXMLDOMDocument document = parsed("<old/>");
-  const std::uint32_t stamp = document.changeStamp();
+  const std::uint64_t stamp = document.changeStamp();
   for (const Case& c : cases) {
     DomError error;
     EXPECT_FALSE(document.loadXML(c.text, &error)) << c.text;

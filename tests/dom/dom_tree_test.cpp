@@ -1,3 +1,4 @@
+#include "../../platform/dom/DomTree.h"
 #include "DomTesting.h"
 #include "dom/DomView.h"
 
@@ -15,7 +16,7 @@ TEST_F(DomTree, RefusedEditsChangeNothing) {
   const IXMLDOMNode x = a.getNamedItem("x"), y = other.documentElement().getNamedItem("y");
   const IXMLDOMNode text = b.childNodes().item(1);
   const IXMLDOMNode declaration = document.childNodes().item(0);
-  const std::uint32_t stamp = document.changeStamp();
+  const std::uint64_t stamp = document.changeStamp();
   const struct {
     const char* what;
     bool done;
@@ -112,7 +113,7 @@ TEST_F(DomTree, AnElementTakesItsOwnTextInPieces) {
   for (const char* xpath : {"a/short", "a/long"}) {
     const IXMLDOMNode element = at(document, xpath);
     const std::string text = element.text();
-    const std::uint32_t stamp = document.changeStamp();
+    const std::uint64_t stamp = document.changeStamp();
     std::string buffer;
     const IXMLDOMNode node = element.childNodes().item(0);
     EXPECT_EQ(document.changeStamp(), stamp) << "looking is no change";
@@ -190,6 +191,50 @@ TEST_F(DomTree, AnElementTakesSoManyAttributes) {
   EXPECT_TRUE(a.setAttribute("n7", "x") && a.setAttributeNode(document.createNode(NODE_ATTRIBUTE, "n8")));
   EXPECT_TRUE(a.removeAttribute("n9") && a.setAttributeNode(more));
   EXPECT_EQ(a.attributes().length(), IXMLDOMNode::maxAttributes);
+}
+
+// Asking for a text as a node is no change: what a view shows stays where it is, whatever its length, until
+// something changes.
+TEST_F(DomTree, AskingForATextNodeMovesNoText) {
+  for (const std::string text : {"short", "twelve bytes", "one that does not stand in its node"}) {
+    const IXMLDOMDocument document = parsed("<a><b>" + text + "</b><c/></a>");
+    const IXMLDOMNode b = at(document, "a/b");
+    std::string buffer;
+    const std::string_view view = b.textView(buffer);
+    const std::uint64_t stamp = document.changeStamp();
+    IXMLDOMNode node = b.childNodes().item(0);
+    EXPECT_TRUE(b.childNodes().length() == 1 && b.childNodes().item(0) == node && node.parentNode() == b);
+    EXPECT_EQ(view, text);
+    EXPECT_EQ(document.changeStamp(), stamp);
+    EXPECT_EQ(document.text(), text);
+    EXPECT_EQ(document.xml(), "<a><b>" + text + "</b><c/></a>");
+    EXPECT_EQ(b.cloneNode(true).xml(), b.xml());
+    // Every kind of change of the text or its element, by the node and by its parent.
+    EXPECT_TRUE(node.putNodeValue(b.textView(buffer).substr(1)));
+    EXPECT_EQ(b.xml(), "<b>" + text.substr(1) + "</b>");
+    EXPECT_TRUE(b.putText("x") && b.childNodes().item(0).text() == "x");
+    EXPECT_EQ(node.parentNode(), IXMLDOMNode());
+    EXPECT_EQ(node.text(), text.substr(1));
+    EXPECT_TRUE(b.putText(b.textView(buffer)) && b.childNodes().length() == 1);
+    node = b.childNodes().item(0);
+    EXPECT_TRUE(b.appendChild(document.createElement("d")) && b.xml() == "<b>x<d/></b>");
+    EXPECT_TRUE(b.putText("y") && b.childNodes().length() == 1);
+    node = b.childNodes().item(0);
+    EXPECT_TRUE(at(document, "a/c").appendChild(node));
+    EXPECT_EQ(document.xml(), "<a><b/><c>y</c></a>");
+    EXPECT_TRUE(b.putText("z") && b.removeChild(b.childNodes().item(0)));
+    EXPECT_EQ(document.xml(), "<a><b/><c>y</c></a>");
+    EXPECT_TRUE(b.putText("last") && b.childNodes().length() == 1);  // and so it goes with its document
+  }
+}
+
+// Stamps are not given again after as many changes as 32 bits can tell apart.
+TEST_F(DomTree, StampsOutliveFourBillionChanges) {
+  const IXMLDOMDocument document = parsed("<a/>");
+  const std::uint64_t first = document.changeStamp();
+  dom::lastStamp += (std::uint64_t{1} << 32) - 1;
+  EXPECT_TRUE(document.documentElement().putText("x"));
+  EXPECT_EQ(document.changeStamp(), first + (std::uint64_t{1} << 32));
 }
 
 }  // namespace

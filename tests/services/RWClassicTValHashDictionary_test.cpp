@@ -1,6 +1,7 @@
 #include "rw/RWClassicTValHashDictionary.h"
 
 #include <cstdint>
+#include <map>
 #include <utility>
 
 #include "dom/DomTesting.h"
@@ -174,6 +175,37 @@ TEST(RWClassicTValHashSet, ListsInTheOrderOfItsDictionary) {
   EXPECT_FALSE(set.remove(130));
   EXPECT_TRUE(set.insert(130));
   EXPECT_EQ(set.listing(), (std::vector<int>{1, 65, 2, 66, 130}));
+}
+
+// Against a map, through growth, removal from the midst of long runs, and values of one hash.
+TEST(RWFlatTable, FindsWhatIsInIt) {
+  const unsigned seed = domtest::seed();
+  for (const std::uint64_t spread : {1ULL, 3ULL, 0x100ULL}) {
+    std::mt19937 random(seed);
+    RWFlatTable<int> table;
+    std::multimap<std::uint64_t, int> model;
+    for (int step = 1; step < 20000; ++step) {
+      const std::uint64_t hash = random() % 700 * spread;
+      const auto present = model.lower_bound(hash);
+      const bool isIn = present != model.end() && present->first == hash;
+      ASSERT_EQ(table.find(hash) != nullptr, isIn);
+      if (random() % (step / 5000 % 2 == 0 ? 3 : 2) != 0) {
+        table.add(hash, step);
+        model.emplace(hash, step);
+      } else if (isIn) {
+        const int value = present->second;
+        auto* const slot = table.find(hash, [value](int each) { return each == value; });
+        ASSERT_TRUE(slot != nullptr && slot->value == value);
+        table.remove(slot);
+        model.erase(present);
+      }
+      ASSERT_EQ(table.size(), model.size());
+    }
+    long sum = 0;
+    table.each([&sum](int value) { sum += value; });
+    for (const auto& [hash, value] : model) sum -= value;
+    EXPECT_EQ(sum, 0);
+  }
 }
 
 }  // namespace

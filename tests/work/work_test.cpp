@@ -226,4 +226,96 @@ TEST_F(WorkTest, AnUpdateOfEverythingIsLinear) {
   EXPECT_LT(perObject[1], 1.5 * perObject[0]);
 }
 
+// What a document keeps for its searches and long lists costs by what is asked and changed, not by its size.
+TEST_F(WorkTest, SearchesAndListsAreKeptThroughChanges) {
+  const auto rows = [](int count) {
+    std::string text = "<all>";
+    for (int i = 0; i < count; ++i) {
+      const std::string n = std::to_string(i);
+      text += "<row id='same'><x/></row><a>" + n + "</a><b>" + n + "</b>";
+    }
+    return parse(text + "</all>");
+  };
+  struct Case {
+    const char* name;
+    std::function<void(const IXMLDOMElement& all, const IXMLDOMElement& row, int round)> change;
+  };
+  const auto look = [](const IXMLDOMElement& all) {
+    IXMLDOMElement found;
+    EXPECT_TRUE(all.ownerDocument().findByAttribute("id", "same", found));
+  };
+  const Case cases[] = {
+      {"values of one text come at the end, each looked for",
+       [&](const IXMLDOMElement& all, const IXMLDOMElement&, int) {
+         const IXMLDOMElement fresh = all.ownerDocument().createElement("row");
+         EXPECT_TRUE(fresh.setAttribute("id", "same") && all.appendChild(fresh));
+         look(all);
+       }},
+      {"values of one text come and go in the midst",
+       [&](const IXMLDOMElement& all, const IXMLDOMElement& row, int) {
+         EXPECT_TRUE(row.firstElementChild().setAttribute("id", "same"));
+         look(all);
+         EXPECT_TRUE(row.setAttribute("id", "other"));
+         look(all);
+       }},
+      {"lists of two names take turns, and temporary documents end",
+       [&](const IXMLDOMElement& all, const IXMLDOMElement&, int round) {
+         IXMLDOMNode found;
+         long index = 0;
+         for (const char* name : {"a", "b"}) {
+           EXPECT_TRUE(all.findChild(name, std::to_string(400 + round), found, index));
+           parse("<temporary/>");
+         }
+       }},
+      {"children of one text go",
+       [&](const IXMLDOMElement& all, const IXMLDOMElement& row, int) {
+         IXMLDOMNode found;
+         long index = 0;
+         EXPECT_FALSE(all.findChild("row", "none", found, index));
+         EXPECT_TRUE(all.removeChild(row));
+       }},
+  };
+  for (const Case& c : cases) {
+    std::uint64_t small = 0;
+    for (const int count : {1000, 16000}) {
+      const IXMLDOMDocument document = rows(count);
+      const IXMLDOMElement all = document.documentElement();
+      std::vector<IXMLDOMElement> some;
+      IXMLDOMNodeList found;
+      all.selectNodes("row", found);
+      for (int i = 0; i < 300; ++i) some.push_back(found.item(i * 7919L % count));
+      const auto run = [&](int from, int to) {
+        for (int i = from; i < to; ++i) c.change(all, some[static_cast<std::size_t>(i)], i);
+      };
+      run(0, 3);
+      const std::uint64_t nodes = costOf([&] { run(3, 300); }).nodes;
+      if (count == 1000) small = nodes;
+      EXPECT_LE(nodes, 2 * small + 500) << c.name << ", " << count;
+    }
+  }
+}
+
+// A bulk of new values of one text is put in order by numbers, not by walks among siblings.
+TEST_F(WorkTest, ManyNewValuesOfOneTextAreOrderedInOneGo) {
+  constexpr int count = 16000;
+  const IXMLDOMDocument document = parse("<all/>");
+  const IXMLDOMElement all = document.documentElement();
+  std::vector<IXMLDOMElement> rows;
+  for (int i = 0; i < count; ++i) {
+    rows.push_back(document.createElement("row"));
+    all.appendChild(rows.back());
+  }
+  IXMLDOMElement first;
+  EXPECT_FALSE(document.findByAttribute("id", "x", first));
+  std::shuffle(rows.begin(), rows.end(), std::mt19937(7));
+  for (const IXMLDOMElement& row : rows) row.setAttribute("id", "x");
+  const Cost cost = costOf([&] { EXPECT_TRUE(document.findByAttribute("id", "x", first)); });
+  EXPECT_EQ(first, all.firstElementChild());
+  EXPECT_LE(cost.nodes, 100U * 15 * count);
+  const Cost removal = costOf([&] {
+    for (const IXMLDOMElement& row : rows) EXPECT_TRUE(row.removeAttribute("id"));
+  });
+  EXPECT_LE(removal.nodes, 100U * 15 * count);
+}
+
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "Geometry.h"
 #include "dom/IXMLDOMDocument.h"
+#include "rw/RWTextHash.h"
 
 namespace zelgen {
 
@@ -44,18 +45,13 @@ class UpdateStudy {
   std::uint64_t lastNumber = 0;     ///< greatest NodeInfo/Id
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-  };
-
   void add(const IXMLDOMElement& element);
   void place(Object& layout);
   void findCompounds();
   void findMembers();
   void findWanted(Index from, const IXMLDOMElement& element, std::string_view field);
 
-  std::unordered_map<std::string, Index, Hash, std::equal_to<>> index_;
+  std::unordered_map<std::string, Index, RWTextHash, std::equal_to<>> index_;
 };
 
 /// The texts of the `item` children of a list field; none when there is no such field.

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "document/ZelXmlFieldRows.h"
+#include "rw/RWTextHash.h"
 #include "zelstudy/CheckModel.h"
 #include "zelstudy/Numbers.h"
 
@@ -26,12 +27,12 @@ struct CheckModel::Field {
 // What the rows of the fields say, and the part in which a rule sees those that it looks at.
 const CheckModel::Field* CheckModel::findField(std::string_view name) {
   static const auto byName = [] {
-    const std::unordered_map<std::string_view, Role> roles = {
+    const std::unordered_map<std::string_view, Role, RWTextHash> roles = {
         {"children", Role::children}, {"parents", Role::parents},     {"info", Role::info},
         {"labels", Role::labels},     {"layout", Role::layout},       {"node", Role::node},
         {"parent", Role::parent},     {"linkExternalID", Role::link},
     };
-    std::unordered_map<std::string_view, Field> map;
+    std::unordered_map<std::string_view, Field, RWTextHash> map;
     for (const ZelFieldGroup& group : zelXmlFieldGroups()) {
       for (const ZelFieldInfo& row : group.rows) {
         const auto role = roles.find(row.name);

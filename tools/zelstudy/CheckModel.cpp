@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "api/ApiPmClassTypes.h"
+#include "rw/RWTextHash.h"
 
 namespace zelstudy {
 
@@ -12,7 +13,7 @@ namespace {
 bool namesNothing(std::string_view id) { return id.empty() || id == "NULL"; }
 
 CheckKind kindOfFamily(std::string_view family) {
-  static const std::unordered_map<std::string_view, CheckKind> kinds = {
+  static const std::unordered_map<std::string_view, CheckKind, RWTextHash> kinds = {
       {"Study", CheckKind::study},
       {"Shortcut", CheckKind::shortcut},
       {"MarvekStudyInfo", CheckKind::studyInfo},
@@ -39,8 +40,8 @@ struct CheckModel::ClassFacts {
   std::string family;
 };
 
-const CheckModel::ClassFacts& CheckModel::classFacts(std::unordered_map<std::string_view, ClassFacts>& cache,
-                                                     std::string_view className) {
+const CheckModel::ClassFacts& CheckModel::classFacts(
+    std::unordered_map<std::string_view, ClassFacts, RWTextHash>& cache, std::string_view className) {
   const auto [entry, isNew] = cache.try_emplace(className);
   ClassFacts& facts = entry->second;
   if (!isNew) return facts;
@@ -58,7 +59,7 @@ const CheckModel::ClassFacts& CheckModel::classFacts(std::unordered_map<std::str
 CheckModel::CheckModel(const IXMLDOMDocument& document, const CheckOptions& options)
     : document_(document), strict_(options.strict), findings_(options.limit) {
   collect();
-  std::unordered_map<std::string_view, ClassFacts> classes;
+  std::unordered_map<std::string_view, ClassFacts, RWTextHash> classes;
   for (std::uint32_t i = 0; i < size(); ++i)
     decideKind(i, classFacts(classes, objects_[i].element.nodeName()));
   for (std::uint32_t i = 0; i < size(); ++i) readObject(i);

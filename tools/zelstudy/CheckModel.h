@@ -10,6 +10,7 @@
 #include "dom/DomView.h"
 #include "dom/IXMLDOMDocument.h"
 #include "rt/RTTran3D.h"
+#include "rw/RWTextHash.h"
 #include "zelstudy/CheckFindings.h"
 #include "zelstudy/StudyCheck.h"
 
@@ -102,7 +103,7 @@ class CheckModel {
  private:
   struct Field;
   struct ClassFacts;
-  static const ClassFacts& classFacts(std::unordered_map<std::string_view, ClassFacts>& cache,
+  static const ClassFacts& classFacts(std::unordered_map<std::string_view, ClassFacts, RWTextHash>& cache,
                                       std::string_view className);
   static const Field* findField(std::string_view name);
 
@@ -126,10 +127,10 @@ class CheckModel {
   IXMLDOMDocument document_;
   bool strict_;
   std::vector<CheckObject> objects_;
-  std::unordered_map<std::string_view, std::uint32_t> byId_;
+  std::unordered_map<std::string_view, std::uint32_t, RWTextHash> byId_;
   std::vector<CheckRef> refs_;
   std::vector<std::string> lostIds_;
-  std::unordered_map<std::string, std::uint32_t> lostByText_;
+  std::unordered_map<std::string, std::uint32_t, RWTextHash> lostByText_;
   std::vector<CheckPlacement> placements_;
   std::string buffer_;
   CheckFindings findings_;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <unordered_map>
 
+#include "rw/RWTextHash.h"
 #include "zelstudy/Progress.h"
 #include "zelstudy/SaveFiles.h"
 #include "zelstudy/StudyDiff.h"
@@ -71,7 +72,7 @@ std::string placeText(const Json& place) {
 
 // Ids of a list that the other one lacks.
 std::string itemsText(const Json& list, const Json& other) {
-  std::unordered_map<std::string, int> left;
+  std::unordered_map<std::string, int, RWTextHash> left;
   for (const Json& item : other) ++left[item.dump()];
   std::string text;
   for (const Json& item : list)

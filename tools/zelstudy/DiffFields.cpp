@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "document/ZelXmlFieldRows.h"
+#include "rw/RWTextHash.h"
 
 namespace zelstudy {
 
@@ -94,7 +95,7 @@ class Comparison {
       std::size_t met = 0;
       std::vector<std::size_t> later;
     };
-    std::unordered_map<std::string_view, Named> byName;
+    std::unordered_map<std::string_view, Named, RWTextHash> byName;
     for (std::size_t i = 0; i < is.size(); ++i) byName[is[i].nodeName()].later.push_back(i);
     for (const DomView each : was) {
       Named& named = byName[each.nodeName()];
@@ -171,7 +172,7 @@ class Comparison {
 
   // Items that hold one object each are held against each other by the ids of those.
   bool objects(const Elements& was, const Elements& is) {
-    std::unordered_map<std::string, DomView> later, earlier;
+    std::unordered_map<std::string, DomView, RWTextHash> later, earlier;
     const auto collect = [](const Elements& items, auto& byId, Json& ids) {
       for (const DomView item : items) {
         const std::string id = heldId(item);
@@ -225,7 +226,7 @@ Json fieldJson(DomView field) {
     for (const DomView item : children) list.push_back(fieldJson(item));
     return list;
   }
-  std::unordered_map<std::string_view, std::size_t> met;
+  std::unordered_map<std::string_view, std::size_t, RWTextHash> met;
   for (const DomView child : children)
     value.emplace_back(fieldName(child.nodeName(), met[child.nodeName()]++), fieldJson(child));
   return Json(std::move(value));

@@ -1,6 +1,7 @@
 #include "zelstudy/DiffModel.h"
 
 #include "document/ZelXmlFields.h"
+#include "rw/RWTextHash.h"
 
 namespace zelstudy {
 
@@ -64,7 +65,7 @@ void DiffModel::match() {
 
 void DiffModel::matchMany(const std::vector<Index>& before, const std::vector<Index>& after, bool haveId,
                           std::vector<Index>& partners) {
-  std::unordered_map<std::string, std::vector<Index>> byContent;  // the last one comes first
+  std::unordered_map<std::string, std::vector<Index>, RWTextHash> byContent;  // the last one comes first
   for (auto i = after.rbegin(); i != after.rend(); ++i)
     byContent[contentKey(sides_[later].objects[*i])].push_back(*i);
   std::unordered_set<Index> taken;

@@ -11,6 +11,7 @@
 #include "api/ApiPmId.h"
 #include "dom/IXMLDOMDocument.h"
 #include "rw/RWPagedArray.h"
+#include "rw/RWTextHash.h"
 #include "zelstudy/DiffFields.h"
 
 namespace zelstudy {
@@ -49,11 +50,7 @@ class DiffModel {
   bool belongsToNone(const IXMLDOMElement& object) { return owners(object).empty(); }
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
-  };
-  using Texts = std::unordered_set<std::string, Hash, std::equal_to<>>;
+  using Texts = std::unordered_set<std::string, RWTextHash, std::equal_to<>>;
 
   struct OneSide {
     IXMLDOMDocument document;

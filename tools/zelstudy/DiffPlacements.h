@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "rt/RTTran3D.h"
+#include "rw/RWTextHash.h"
 #include "zelstudy/DiffModel.h"
 #include "zelstudy/StudyDiff.h"
 
@@ -60,7 +61,7 @@ class DiffPlacements {
   const DiffModel& model_;
   const DiffTolerances tolerances_;
   // Made when the first study layout is met.
-  mutable std::unordered_map<std::string, std::string> shortcuts_;
+  mutable std::unordered_map<std::string, std::string, RWTextHash> shortcuts_;
   mutable bool hasShortcuts_ = false;
 };
 

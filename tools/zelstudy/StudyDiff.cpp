@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "document/ZelXmlFields.h"
+#include "rw/RWTextHash.h"
 #include "zelstudy/DiffModel.h"
 #include "zelstudy/DiffPlacements.h"
 
@@ -99,7 +100,7 @@ class Differ {
   // The items that both versions have, in their order; nothing when another one is not told elsewhere.
   std::optional<std::vector<std::string>> common(Index pair, const Json& list, const Json& other,
                                                  Side having) {
-    std::unordered_set<std::string> others(other.begin(), other.end());
+    std::unordered_set<std::string, RWTextHash> others(other.begin(), other.end());
     std::vector<std::string> kept;
     for (const Json& each : list) {
       const std::string item = each.get<std::string>();

@@ -1,4 +1,5 @@
 #include "document/ZelXmlFieldRows.h"
+#include "rw/RWTextHash.h"
 
 #include <unordered_map>
 
@@ -15,7 +16,7 @@ std::span<const ZelFieldGroup> zelXmlFieldGroups() {
 
 const ZelFieldInfo* zelXmlFindFieldRow(std::string_view name) {
   static const auto byName = [] {
-    std::unordered_map<std::string_view, const ZelFieldInfo*> map;
+    std::unordered_map<std::string_view, const ZelFieldInfo*, RWTextHash> map;
     for (const ZelFieldGroup& group : zelXmlFieldGroups())
       for (const ZelFieldInfo& row : group.rows)
         if (row.place == ZelFieldPlace::element) map.emplace(row.name, &row);

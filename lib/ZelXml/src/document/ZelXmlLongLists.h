@@ -36,9 +36,9 @@ class ZelXmlLongLists {
   };
   struct Entry {
     const void* element = nullptr;
-    std::uint32_t stamp = 0;
+    std::uint64_t stamp = 0;
     const void* copy = nullptr;
-    std::uint32_t copyStamp = 0;
+    std::uint64_t copyStamp = 0;
     std::vector<Change> changes;  // since the copy was equal
   };
   Entry* find(const IXMLDOMNode& element);

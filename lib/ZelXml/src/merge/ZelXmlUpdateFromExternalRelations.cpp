@@ -2,6 +2,7 @@
 #include "document/ZelXmlFunctions.h"
 #include "merge/ZelXmlUpdateFromExternalDocument.h"
 #include "node/ZelXmlNodeKinds.h"
+#include "rw/RWTextHash.h"
 #include "wrapper/ZelXmlWrapper.h"
 #include "zel/ZelInstance.h"
 #include "zel/ZelVorPrototypeOccurrence.h"
@@ -175,7 +176,7 @@ bool ZelXmlUpdateFromExternalDocument::collectMarvekStudyInfo(const IXMLDOMNode&
        !zelXmlSelectChildren(study, "children/item", known))) {
     return false;
   }
-  std::unordered_set<std::string> shortcutsOfStudy;
+  std::unordered_set<std::string, RWTextHash> shortcutsOfStudy;
   for (const IXMLDOMNode& item : known) shortcutsOfStudy.insert(item.text());
 
   for (long i = 0; i < shortcuts.length(); ++i) {

@@ -17,5 +17,5 @@ class ZelXmlParentFinder {
   bool addNodeAndRelevantParent(const ApiPmId& id, const ApiPmId& parent);
   void clear() { parents_.clear(); }
 
-  RWClassicTValHashDictionary<ApiPmId, ApiPmId, std::hash<ApiPmId>, RWByNumber> parents_;
+  RWClassicTValHashDictionary<ApiPmId, ApiPmId, RWOrderHash<ApiPmId>, RWByNumber> parents_;
 };

@@ -19,5 +19,5 @@ class ZelXmlShortcutFinder {
   bool addNodeAndShortcut(const ApiPmId& id, const ApiPmId& shortcut);
   void clear() { shortcuts_.clear(); }
 
-  RWClassicTValHashDictionary<ApiPmId, ApiPmId, std::hash<ApiPmId>, RWByNumber> shortcuts_;
+  RWClassicTValHashDictionary<ApiPmId, ApiPmId, RWOrderHash<ApiPmId>, RWByNumber> shortcuts_;
 };

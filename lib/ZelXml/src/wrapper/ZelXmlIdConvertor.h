@@ -42,7 +42,7 @@ class ZelXmlIdConvertor {
   void keepUnregistered(ZelNode* node) { unregistered_.push_back(node); }
 
  private:
-  using Dictionary = RWClassicTValHashDictionary<ApiPmId, ZelNode*, std::hash<ApiPmId>, RWByNumber>;
+  using Dictionary = RWClassicTValHashDictionary<ApiPmId, ZelNode*, RWOrderHash<ApiPmId>, RWByNumber>;
   static void deleteNodes(Dictionary& nodes);
 
   Dictionary vorNodes_;

@@ -6,12 +6,14 @@
 
 #include "api/ApiPmIdSet.h"
 #include "rw/RWClassicTValOrderedVector.h"
+#include "rw/RWTextHash.h"
 
 // A list that callers read in its order, with a set beside it that answers membership in constant time.
 template <class T>
 class ZelXmlKnownList {
  public:
-  using Members = std::conditional_t<std::is_same_v<T, ApiPmId>, ApiPmIdSet, std::unordered_set<T>>;
+  using Members =
+      std::conditional_t<std::is_same_v<T, ApiPmId>, ApiPmIdSet, std::unordered_set<T, RWTextHash>>;
 
   const RWClassicTValOrderedVector<T>& list() const { return list_; }
   const Members& members() const { return members_; }

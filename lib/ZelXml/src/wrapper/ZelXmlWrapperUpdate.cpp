@@ -6,6 +6,7 @@
 #include "api/ApiPmXmlCacheDocumentMgr.h"
 #include "document/ZelXmlFunctions.h"
 #include "node/ZelXmlNode.h"
+#include "rw/RWTextHash.h"
 #include "wrapper/ZelXmlKnownList.h"
 #include "wrapper/ZelXmlWrapper.h"
 
@@ -114,7 +115,7 @@ bool ZelXmlWrapper::accumulateMissingChildren(const IXMLDOMNode& replacement, co
       !zelXmlSelectChildren(old, "children/item", oldItems)) {
     return false;
   }
-  std::unordered_set<std::string> kept;
+  std::unordered_set<std::string, RWTextHash> kept;
   for (const IXMLDOMNode& item : newItems) kept.insert(item.text());
   for (const IXMLDOMNode& item : oldItems) {
     std::string text = item.text();
