@@ -2,6 +2,7 @@
 #include "api/ApiLogLogger.h"
 #include "merge/ZelXmlUpdateFromExternalDocument.h"
 #include "node/ZelXmlConcreteNode.h"
+#include "plc/ZelXmlSignal.h"
 #include "wrapper/StudyTest.h"
 
 using namespace document_test;
@@ -283,14 +284,7 @@ TEST_F(ImportTest, LogsEachStep) {
                      shortcut + labels);
 }
 
-// A node of the PLC data inside an object, and an import that takes it away while it updates that object.
-class PlcNode : public ZelXmlConcreteNode<PlcNode, ZelXmlNode, ZEL_SIGNAL, ZelVorNode> {
- public:
-  using ZelXmlConcreteNode::queryInterface;
-  ZelNode* queryInterface(ZelNode::InterfaceType type) override {
-    return type == ZelNode::Signal ? pmNode() : ZelXmlConcreteNode::queryInterface(type);
-  }
-};
+// An import that takes a node of the PLC data inside an object away while it updates that object.
 class ImportThatRemovesPlcData : public Import {
  public:
   using Import::Import;
@@ -304,7 +298,7 @@ class ImportThatRemovesPlcData : public Import {
 
 TEST_F(ImportTest, NothingLeadsToANodeThatWentAway) {
   build(part("A", "", "R") + made("PmCompoundResource", "R", "Resource", "<parents/><children/>"));
-  for (const char* id : {"plc", "kept"}) wrapper->insertNode(ApiPmId(id), (new PlcNode)->pmNode());
+  for (const char* id : {"plc", "kept"}) wrapper->insertNode(ApiPmId(id), (new ZelXmlSignal)->pmNode());
   // The walk ends on an object without id, so that R, which is not taken and goes, is the last one with node.
   give(part("A", "", "") + made("PmCompoundResource", "R", "Resource") + partWithoutId, 1, true, false);
   import = std::make_unique<ImportThatRemovesPlcData>(external, *settings, *wrapper, Import::ImportType{1});

@@ -1,15 +1,26 @@
 #include "document/ZelXmlFieldRows.h"
-#include "rw/RWTextHash.h"
 
 #include <unordered_map>
 
+#include "document/ZelXmlPlcFieldRows.h"
+#include "rw/RWTextHash.h"
+
 std::span<const ZelFieldGroup> zelXmlFieldGroups() {
   static const ZelFieldGroup groups[] = {
-      {"object", zelFieldRows<ZelObjectFields>()},       {"PLC data", zelFieldRows<ZelPlcDataFields>()},
-      {"instance", zelFieldRows<ZelInstanceFields>()},   {"resource", zelFieldRows<ZelResourceFields>()},
-      {"compound", zelFieldRows<ZelCompoundFields>()},   {"label", zelFieldRows<ZelLabelFields>()},
-      {"prototype", zelFieldRows<ZelPrototypeFields>()}, {"layout", zelFieldRows<ZelLayoutFields>()},
-      {"study", zelFieldRows<ZelStudyFields>()},         {"process", zelFieldRows<ZelProcessFields>()},
+      {"object", zelFieldRows<ZelObjectFields>()},
+      {"PLC data", zelFieldRows<ZelPlcDataFields>()},
+      {"instance", zelFieldRows<ZelInstanceFields>()},
+      {"resource", zelFieldRows<ZelResourceFields>()},
+      {"compound", zelFieldRows<ZelCompoundFields>()},
+      {"label", zelFieldRows<ZelLabelFields>()},
+      {"prototype", zelFieldRows<ZelPrototypeFields>()},
+      {"layout", zelFieldRows<ZelLayoutFields>()},
+      {"study", zelFieldRows<ZelStudyFields>()},
+      {"process", zelFieldRows<ZelProcessFields>()},
+      {"operation", zelFieldRows<ZelOperationFields>()},
+      {"flow", zelFieldRows<ZelFlowFields>()},
+      {"material flow", zelFieldRows<ZelMaterialFlowFields>()},
+      {"PLC data of a resource", zelFieldRows<ZelPlcResourceFields>()},
   };
   return groups;
 }

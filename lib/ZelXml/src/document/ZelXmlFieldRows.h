@@ -93,14 +93,15 @@ struct ZelStudyFields : ZelFieldWords {
                                    structural};
 };
 
-// Of the process side.
+// Of the process side. The two lists of flows are written by hand: see ZelXmlOperation.
 struct ZelProcessFields : ZelFieldWords {
   ZelField<ApiPmId> processResource{"processResource", "the resource that does an operation", leftBehind};
   ZelField<ApiPmId> predecessor{"predecessor", "the operation that a flow comes from", leftBehind};
   ZelField<ApiPmId> successor{"successor", "the operation that a flow leads to", leftBehind};
   ZelField<ApiPmId> materialPredecessor{"materialPredecessor", "the operation that material comes from",
-                                        leftBehind};
-  ZelField<ApiPmId> materialSuccessor{"materialSuccessor", "the operation that material goes to", leftBehind};
+                                        replaces, sendsField, leftBehind};
+  ZelField<ApiPmId> materialSuccessor{"materialSuccessor", "the operation that material goes to", replaces,
+                                      sendsField, leftBehind};
   ZelField<ApiPmIdList> inputMaterialFlows{"inputMaterialFlows", "flows of material into an operation",
                                            leftBehind};
   ZelField<ApiPmIdList> outputMaterialFlows{"outputMaterialFlows", "flows of material out of an operation",

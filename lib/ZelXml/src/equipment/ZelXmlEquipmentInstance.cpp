@@ -9,6 +9,9 @@ bool ZelXmlEquipmentInstanceNode::createXmlElement(const ZelXmlCreationRecord& r
 }
 
 bool ZelXmlEquipmentInstance::setPrototypeId(const ApiPmDocument& prototype) {
-  return prototype.id.isNull() ? zelXmlPublishUpdate(outDocument(), getXmlNode())
-                               : zelXmlSetField(*this, zelInstanceFields.masterObj, prototype.id);
+  const bool written = prototype.id.isNull()
+                           ? zelXmlPublishUpdate(outDocument(), getXmlNode())
+                           : zelXmlSetField(*this, zelInstanceFields.masterObj, prototype.id);
+  gainPlcSide();
+  return written;
 }

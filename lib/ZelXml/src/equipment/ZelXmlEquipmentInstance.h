@@ -17,9 +17,8 @@ class ZelXmlEquipmentInstanceNode : public ZelXmlResInstanceBaseNode {
 };
 
 class ZelXmlEquipmentInstance final
-    : public ZelXmlResourceInstanceClass<ZelXmlEquipmentInstance, ZelXmlEquipmentInstanceNode,
-                                         ZEL_EQUIPMENT_INSTANCE, ZelVorInstance, ZelCollection,
-                                         ZelVorCollection> {
+    : public ZelXmlPlcResourceInstanceClass<ZelXmlEquipmentInstance, ZelXmlEquipmentInstanceNode,
+                                            ZEL_EQUIPMENT_INSTANCE, ZelCollection, ZelVorCollection> {
  public:
   // The prototype goes into a new field `masterObj`; the whole element is published. An empty id only
   // publishes.

@@ -121,10 +121,11 @@ class ZelXmlFace<ZelGlobalAttachment, Self> : public ZelXmlSharedFace<ZelGlobalA
   }
 };
 
-// PLC services that all objects with PLC data share.
-template <class Self>
-class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelXmlSharedFace<ZelPlcResourceInstance, Self> {
-  using ZelXmlSharedFace<ZelPlcResourceInstance, Self>::self;
+// The services that all objects with PLC data share, on each interface that has them.
+template <class I, class Self>
+class ZelXmlPlcServicesFace : public ZelXmlSharedFace<I, Self> {
+ protected:
+  using ZelXmlSharedFace<I, Self>::self;
 
  public:
   bool publishPlcInfo() override { return self().publishPlcData(); }
@@ -136,5 +137,12 @@ class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelXmlSharedFace<ZelPlcR
   bool getPlcVersion(RWClassicCString& version) const override {
     return zelXmlGetField(self(), zelPlcDataFields.version, version);
   }
+};
+
+template <class Self>
+class ZelXmlFace<ZelPlcResourceInstance, Self> : public ZelXmlPlcServicesFace<ZelPlcResourceInstance, Self> {
+  using ZelXmlPlcServicesFace<ZelPlcResourceInstance, Self>::self;
+
+ public:
   bool hasElement() const override { return static_cast<bool>(self().getXmlNode()); }
 };

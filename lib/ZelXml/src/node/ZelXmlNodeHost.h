@@ -29,11 +29,21 @@ class ZelXmlNodeHost {
   // The node of the own registry alone.
   virtual ZelNode* findNode(const ApiPmId& id) const = 0;
   virtual bool generateUniqueId(ApiPmId& id) const = 0;
+  // The node inside `plcInfo` of an object that has the id, also where an object has it too; null without
+  // one.
+  virtual ZelNode* findPlcInternalNode(const ApiPmId& id) const = 0;
   // Registers a node. A node that had the id leaves the roots, and lives on until the next build.
   virtual void insertNode(const ApiPmId& id, ZelNode* node) = 0;
-  // The one way by which a node dies before its wrapper: entry, root and relevant parent go with it. `id` may
+  // The one way by which a node dies before its wrapper: the nodes inside it (removeRequisites), entry, root
+  // and relevant parent go with it. `id` may
   // be the entry's own key or the node's own id; neither may be used afterwards.
   virtual void removeAndDeleteNodeObject(const ApiPmId& id) = 0;
+  // The same for a node inside `plcInfo`, whatever object has the id too; an id without such a node is passed
+  // over.
+  virtual void removeAndDeletePlcInternalNode(const ApiPmId& id) = 0;
+  void removeAndDeletePlcInternalNodes(const ApiPmIdList& ids) {
+    for (const ApiPmId& id : ids) removeAndDeletePlcInternalNode(id);
+  }
 
   virtual ZelXmlParentFinder& relevantParentFinder() = 0;
   // Enters a parent as the one that counts for a child. Without `force` a child keeps the parent that it has,

@@ -21,7 +21,7 @@ constexpr Kind kinds[] = {
      Kind::collection | Kind::entersChildren | Kind::plcData, Import::nothing,
      &zelXmlAllocator<ZelXmlDeviceGroup>},
     {.type = ZEL_PLC_RESERVED, .word = {}, .order = 0, .traits = Kind::plcData},
-    // Inside `plcInfo`, in the order in which a node is asked for them.
+    // Inside `plcInfo`.
     inner(ZEL_SIGNAL, "signal", "Signal", ZelNode::Signal),
     inner(ZEL_CONTROL, "control", "Control", ZelNode::Control),
     inner(ZEL_CONTROL_CALL, "control call", "ControlCall", ZelNode::ControlCall),

@@ -12,6 +12,10 @@
 // by the interfaces ZelResourceInstance, ZelVorResourceInstance and ZelTool, operation for operation.
 class ZelXmlResInstanceBaseNode : public ZelXmlAttachableNode<ZelXmlInstanceNode> {
  public:
+  // Called after a prototype, or a place as a tool, was given: from then on the resource takes PLC data, if
+  // its class has any (ZelXmlPlcResourceNode).
+  virtual void gainPlcSide() {}
+
   bool readSystemFrames(RWCollectionRef<ApiPmRobotFramesData> frames) const;
   bool appendSystemFrames(const RWClassicTValOrderedVector<ApiPmRobotFramesData>& frames);
   bool readRoboticParameters(RWCollectionRef<RTAutoPtr<ApiTbmRoboticParam>> parameters) const;

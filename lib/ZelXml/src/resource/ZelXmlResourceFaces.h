@@ -98,9 +98,17 @@ class ZelXmlFace<ZelTool, Self> : public ZelXmlSharedFace<ZelTool, Self> {
   bool getChildId(ApiPmPrototypeChildId& id) const override { return self().readOccurrenceChildId(id); }
   bool setChildId(const ApiPmPrototypeChildId& id) override {
     ApiPmId occurrence;
-    return self().findOccurrence(id, occurrence) && setMasterObj(occurrence);
+    const bool found = self().findOccurrence(id, occurrence);
+    return namesMaster(found && zelXmlSetField(self(), zelInstanceFields.masterObj, occurrence));
   }
   bool setMasterObj(const ApiPmId& object) override {
-    return zelXmlSetField(self(), zelInstanceFields.masterObj, object);
+    return namesMaster(zelXmlSetField(self(), zelInstanceFields.masterObj, object));
+  }
+
+ private:
+  // A resource that was given a place as a tool takes PLC data from then on, whatever came of it.
+  bool namesMaster(bool written) {
+    self().gainPlcSide();
+    return written;
   }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "node/ZelXmlConcreteNode.h"
+#include "resource/ZelXmlPlcResource.h"
 #include "resource/ZelXmlResInstanceBaseNode.h"
 #include "resource/ZelXmlResourceFaces.h"
 
@@ -11,9 +12,23 @@ using ZelXmlResourceInstanceClass =
                        ZelVorLabelsContainer, ZelPlcResourceInstance, ZelGlobalAttachment, ZelTool,
                        ZelVorResourceInstance, More...>;
 
+// The same for those that a controller knows as robots, devices and conveyors.
+template <class Self, class Base, ZelNodeType Type, class... More>
+using ZelXmlPlcResourceInstanceClass =
+    ZelXmlResourceInstanceClass<Self, ZelXmlPlcResourceNode<Base>, Type, ZelVorInstance, ZelPlcDeviceInstance,
+                                ZelPlcRobotInstance, ZelPlcPoseHoldingResourceInstance,
+                                ZelPlcGenericConveyorInstance, More...>;
+
 class ZelXmlResourceInstance final
-    : public ZelXmlResourceInstanceClass<ZelXmlResourceInstance, ZelXmlResInstanceBaseNode,
-                                         ZEL_RESOURCE_INSTANCE, ZelVorInstance> {};
+    : public ZelXmlPlcResourceInstanceClass<ZelXmlResourceInstance, ZelXmlResInstanceBaseNode,
+                                            ZEL_RESOURCE_INSTANCE> {
+ public:
+  bool setPrototypeId(const ApiPmDocument& prototype) override {
+    const bool written = writePrototypeId(prototype);
+    gainPlcSide();
+    return written;
+  }
+};
 
 class ZelXmlLightSensorInstance final
     : public ZelXmlResourceInstanceClass<ZelXmlLightSensorInstance, ZelXmlResInstanceBaseNode,

@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "api/ApiLogLogger.h"
-#include "plc/ZelXmlPlcKinds.h"
+#include "node/ZelXmlNodeAccess.h"
 
 namespace {
 
@@ -36,27 +36,39 @@ ZelNode* ZelXmlIdConvertor::findNode(const ApiPmId& id) const {
   return nullptr;
 }
 
-void ZelXmlIdConvertor::insertNode(const ApiPmId& id, ZelNode* node) {
+ZelNode* ZelXmlIdConvertor::findPlcInternalNode(const ApiPmId& id) const {
+  const auto* entry = plcInternalNodes_.find(id);
+  return entry ? entry->value : nullptr;
+}
+
+ZelNode* ZelXmlIdConvertor::insertNode(const ApiPmId& id, ZelNode* node) {
   Dictionary& nodes = isPlcInternalNode(node) ? plcInternalNodes_ : vorNodes_;
-  if (const auto* present = nodes.find(id); present && present->value && present->value != node) {
-    keepUnregistered(present->value);
-  }
+  const auto* present = nodes.find(id);
+  ZelNode* former = present && present->value != node ? present->value : nullptr;
+  if (former) keepUnregistered(former);
   nodes.insert(id, node);
+  return former;
 }
 
 void ZelXmlIdConvertor::removeNode(const ApiPmId& id) {
   if (!vorNodes_.remove(id)) plcInternalNodes_.remove(id);
 }
 
+bool ZelXmlIdConvertor::removeAndDelete(Dictionary& nodes, const ApiPmId& id) {
+  auto* entry = nodes.find(id);
+  if (!entry) return false;
+  ZelNode* node = entry->value;
+  nodes.erase(entry);
+  delete node;
+  return true;
+}
+
 void ZelXmlIdConvertor::removeAndDeleteNode(const ApiPmId& id) {
-  for (Dictionary* nodes : {&vorNodes_, &plcInternalNodes_}) {
-    if (auto* entry = nodes->find(id)) {
-      ZelNode* node = entry->value;
-      nodes->erase(entry);
-      delete node;
-      return;
-    }
-  }
+  if (!removeAndDelete(vorNodes_, id)) removeAndDelete(plcInternalNodes_, id);
+}
+
+void ZelXmlIdConvertor::removeAndDeletePlcInternalNode(const ApiPmId& id) {
+  removeAndDelete(plcInternalNodes_, id);
 }
 
 void ZelXmlIdConvertor::getAllNodes(ZelNodeList& nodes) const {
@@ -95,9 +107,7 @@ int ZelXmlIdConvertor::nodesNum() const {
 }
 
 bool ZelXmlIdConvertor::isPlcInternalNode(const ZelNode* node) {
-  if (!node) return false;
-  for (const ZelXmlNodeKind& kind : zelXmlPlcKinds()) {
-    if (kind.isInner() && node->queryInterface(kind.innerInterface)) return true;
-  }
-  return false;
+  // All that is behind a node and is no object lives inside one: a question less for each kind of them.
+  auto* access = zelQuery<ZelXmlNodeAccess>(const_cast<ZelNode*>(node));
+  return access && !access->zelXmlNode();
 }

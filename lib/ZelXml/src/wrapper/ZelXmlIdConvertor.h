@@ -21,12 +21,15 @@ class ZelXmlIdConvertor {
   // Deletes all nodes; bucket counts stay.
   void clear();
   ZelNode* findNode(const ApiPmId& id) const;
-  // Registers a node. An id that is present keeps its entry and gets the new node.
-  void insertNode(const ApiPmId& id, ZelNode* node);
+  ZelNode* findPlcInternalNode(const ApiPmId& id) const;
+  // Registers a node. An id that is present keeps its entry and gets the new node; the answer is the one that
+  // it had, else null.
+  ZelNode* insertNode(const ApiPmId& id, ZelNode* node);
   // Drops the entry; the node becomes the caller's.
   void removeNode(const ApiPmId& id);
   // Drops entry and node. `id` may be the entry's own key, or the node's own id.
   void removeAndDeleteNode(const ApiPmId& id);
+  void removeAndDeletePlcInternalNode(const ApiPmId& id);
 
   // Listings append. The id pointers stay good until the entry goes.
   void getAllNodes(ZelNodeList& nodes) const;
@@ -44,6 +47,7 @@ class ZelXmlIdConvertor {
  private:
   using Dictionary = RWClassicTValHashDictionary<ApiPmId, ZelNode*, RWOrderHash<ApiPmId>, RWByNumber>;
   static void deleteNodes(Dictionary& nodes);
+  static bool removeAndDelete(Dictionary& nodes, const ApiPmId& id);
 
   Dictionary vorNodes_;
   Dictionary plcInternalNodes_;

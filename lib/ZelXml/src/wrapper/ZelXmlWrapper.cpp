@@ -92,12 +92,14 @@ bool ZelXmlWrapper::generateUniqueId(ApiPmId& id) const {
 }
 
 void ZelXmlWrapper::insertNode(const ApiPmId& id, ZelNode* node) {
-  if (const ZelNode* former = convertor_.findNode(id); former && former != node) roots_.remove(former);
-  convertor_.insertNode(id, node);
+  if (const ZelNode* former = convertor_.insertNode(id, node)) roots_.remove(former);
 }
 
 void ZelXmlWrapper::removeAndDeleteNodeObject(const ApiPmId& given) {
   const ApiPmId id = given;
+  ZelXmlElementNode* dying = zelXmlElementNodeOf(convertor_.findNode(id));
+  if (dying) dying->removeRequisites();
+  // A control call that lists itself is gone by now.
   if (const ZelNode* node = convertor_.findNode(id)) {
     roots_.remove(node);
     parentFinder_.removeRelevantParent(id);

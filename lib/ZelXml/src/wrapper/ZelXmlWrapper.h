@@ -170,8 +170,14 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   ZelXmlRoots& roots() override { return roots_; }
 
   ZelNode* findNode(const ApiPmId& id) const override { return convertor_.findNode(id); }
+  ZelNode* findPlcInternalNode(const ApiPmId& id) const override {
+    return convertor_.findPlcInternalNode(id);
+  }
   void insertNode(const ApiPmId& id, ZelNode* node) override;
   void removeAndDeleteNodeObject(const ApiPmId& id) override;
+  void removeAndDeletePlcInternalNode(const ApiPmId& id) override {
+    convertor_.removeAndDeletePlcInternalNode(id);
+  }
   void removeAndDeleteNodeObjectsList(const ApiPmIdList& ids);
 
   void addShortcutToShortcutFinder(const IXMLDOMNode& shortcut) override;

@@ -6,6 +6,7 @@
 #include "node/ZelXmlCommonKinds.h"
 #include "operation/ZelXmlOperationKinds.h"
 #include "plc/ZelXmlPlcKinds.h"
+#include "plc/ZelXmlPlcSignalHandler.h"
 #include "prototype/ZelXmlPrototypeKinds.h"
 #include "resource/ZelXmlResourceKinds.h"
 #include "variant/ZelXmlVariantKinds.h"
@@ -25,6 +26,7 @@ void zelXmlInit() {
   ZelXmlNodeKinds::fill({zelXmlCommonKinds(), zelXmlResourceKinds(), zelXmlPrototypeKinds(),
                          zelXmlEquipmentKinds(), zelXmlOperationKinds(), zelXmlPlcKinds(),
                          zelXmlVariantKinds()});
+  zelXmlAddPlcSignalHandlers();
   apiErr.addErrDefinition("ZELXML_SHARED_NODE_ADDITIONAL_PARENT_IGNORED", 3, "");
   ZelWrapperFactory::the().addAllocator(0, RTObjAllocator<ZelWrapper, ZelXmlWrapper>());
   isDue = false;
