@@ -1,5 +1,3 @@
-#include <sys/file.h>
-
 #include "tool/ToolRun.h"
 
 namespace {
@@ -41,6 +39,32 @@ TEST_F(ToolSaving, AnAnswerThatCannotBeWrittenSavesNothing) {
     EXPECT_THAT(folder.read("err"), HasSubstr("standard output cannot be written; nothing is saved"))
         << words;
     EXPECT_EQ(folder.read("small.xml"), smallStudy) << words;
+  }
+}
+
+// The tool is held between what it has read and its saving: it has to write into a pipe that is full.
+TEST_F(ToolSaving, AFileThatWasChangedMeanwhileIsSavedOverByForceAlone) {
+  const std::string
+      script = folder.write("s", "rename A First"),
+      other = folder.write("other.xml", smallStudy),
+      update = folder.write(
+          "update.xml",
+          R"(<Data><Objects><PmCompoundPart ExternalId="A"><name>New</name><parents/><children/><layout>LA</layout><NodeInfo><family>Product</family></NodeInfo></PmCompoundPart></Objects></Data>)");
+  for (const std::string& words :
+       {"edit " + file + " " + script + " --in-place --out -",
+        "update-file " + file + " --study " + other + " --update " + update + " --root A"}) {
+    for (const bool force : {false, true}) {
+      folder.write("small.xml", smallStudy);
+      const std::string command = "(head -c 65536 /dev/zero; " ZELSTUDY_PROGRAM " " + words +
+                                  (force ? " --force" : "") + " 2>err; echo $? >code) |" +
+                                  "(for i in $(seq 2000); do [ ! -e .*.tmp ] || break; sleep 0.01; done;" +
+                                  " echo '<changed/>' >small.xml; cat >/dev/null)";
+      ASSERT_EQ(std::system(("cd " + folder.path() + " && " + command).c_str()), 0);
+      EXPECT_EQ(folder.read("code"), force ? "0\n" : "2\n") << words << folder.read("err");
+      EXPECT_EQ(folder.read("err").find("give --force") != std::string::npos, !force) << words;
+      EXPECT_EQ(folder.read("small.xml") == "<changed/>\n", !force) << words;
+      EXPECT_EQ(folder.files().size(), 6u) << words;
+    }
   }
 }
 

@@ -64,4 +64,28 @@ TEST_F(ToolUpdateFile, SavesTheFileOrTellsWhyNot) {
   EXPECT_EQ(run({"tree", target}).exitCode, 0);
 }
 
+TEST_F(ToolUpdateFile, StandardInputStandsForEachOfItsFiles) {
+  const std::string target = folder.write("target.xml", smallStudy),
+                    given = folder.write("update.xml", update);
+  const auto words = [](const std::string& to, const std::string& study, const std::string& from) {
+    return std::vector<std::string>{"update-file", to,       "--study", study, "--update",
+                                    from,          "--root", "A",       "-o",  "-"};
+  };
+  const std::string updated = run(words(target, file, given)).out;
+  EXPECT_THAT(updated, HasSubstr("<name>New</name>"));
+  for (const auto& [arguments, input] : {std::pair{words("-", file, given), smallStudy},
+                                         {words(target, "-", given), smallStudy},
+                                         {words(target, file, "-"), update}}) {
+    const Outcome outcome = run(arguments, input);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+    EXPECT_EQ(outcome.out, updated) << testing::PrintToString(arguments);
+    EXPECT_EQ(outcome.err, "result  true\nsaved   standard output\n");
+  }
+  std::vector<std::string> inPlace = words("-", file, given);
+  inPlace.resize(inPlace.size() - 2);
+  EXPECT_EQ(run(inPlace, smallStudy).out, updated);
+  EXPECT_EQ(run(words("-", "-", given), smallStudy).exitCode, 2);
+  EXPECT_EQ(folder.read("target.xml"), smallStudy);
+}
+
 }  // namespace

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "Folder.h"
 
@@ -44,6 +48,29 @@ TEST_F(OutputFileTest, SaysWhyItFailed) {
   EXPECT_TRUE(full.write("too little to leave the buffer"));
   EXPECT_FALSE(full.commit());
   EXPECT_THAT(full.error(), testing::HasSubstr("No space left"));
+}
+
+TEST_F(OutputFileTest, ASignalLeavesNothingOfAnUnfinishedFile) {
+  const auto isBegun = [this] {
+    for (const std::string& name : folder.files())
+      if (name != "study.xml" && fs::file_size(folder.path(name)) > 0) return true;
+    return false;
+  };
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::execl(ZELGEN_PROGRAM, "zelgen", "-n", "20000000", "-o", target.c_str(), nullptr);
+      ::_exit(127);
+    }
+    for (int tries = 0; tries < 2000 && !isBegun(); ++tries) ::usleep(10000);
+    EXPECT_TRUE(isBegun());
+    ::kill(child, number);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == number) << status;
+    EXPECT_THAT(folder.files(), testing::ElementsAre("study.xml")) << number;
+    EXPECT_EQ(content(), "former");
+  }
 }
 
 }  // namespace
