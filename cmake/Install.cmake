@@ -32,3 +32,9 @@ endif()
 file(RELATIVE_PATH ZELXML_PC_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/ZelXml.pc.in ZelXml.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ZelXml.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# A project that has this one in it installs other files too, under targets of its own.
+if(PROJECT_IS_TOP_LEVEL)
+  add_custom_target(uninstall COMMAND ${CMAKE_COMMAND} -D MANIFEST=${PROJECT_BINARY_DIR}/install_manifest.txt
+                                      -P ${PROJECT_SOURCE_DIR}/cmake/Uninstall.cmake VERBATIM)
+endif()
