@@ -3,7 +3,9 @@
 #include "DomNames.h"
 #include "DomTree.h"
 
-int DomView::nodeType() const noexcept { return node_ != nullptr ? static_cast<int>(node_->type) : NODE_INVALID; }
+int DomView::nodeType() const noexcept {
+  return node_ != nullptr ? static_cast<int>(node_->type) : NODE_INVALID;
+}
 
 std::string_view DomView::nodeName() const noexcept {
   return node_ != nullptr ? dom::nameOf(node_->name) : std::string_view();
