@@ -45,7 +45,8 @@ Result killed(const Run& run) {
     if (child == 0) {
       for (;;) {
         for (const IXMLDOMDocument& each : {two, one})
-          if (!(run.planted ? saveInPlace(each, target) : each.save(target))) ::_exit(1);
+          if (!(run.planted ? saveInPlace(each, target) : each.save(target, nullptr, DomOverwrite::any)))
+            ::_exit(1);
       }
     }
     ::usleep(static_cast<useconds_t>(below(random, 8'000)));

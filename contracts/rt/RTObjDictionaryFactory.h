@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "rt/RTObjAllocator.h"
+#include "rw/RWTextHash.h"
 
 // Makes objects by name. A name once taken is never given to another allocator.
 template <class Base>
@@ -25,5 +26,5 @@ class RTObjDictionaryFactory {
   }
 
  private:
-  std::unordered_map<std::string, std::unique_ptr<RTBaseObjAllocator<Base>>> allocators_;
+  std::unordered_map<std::string, std::unique_ptr<RTBaseObjAllocator<Base>>, RWTextHash> allocators_;
 };

@@ -32,7 +32,8 @@ class RandomEdits : public StudyTest, protected RandomDraws {
       pool.clear();
       ZelNodeList nodes;
       wrapper->getAllNodes(nodes);
-      for (const ZelNode* each : nodes) pool.emplace_back(textOf(each));
+      for (const ZelNode* each : nodes)
+        if (zelXmlNodeOf(each)) pool.emplace_back(textOf(each));  // inner nodes have no place in these edits
     }
     return wrapper->getZelNodeFromId(pool[below(pool.size())]);  // null for one that is gone by now
   }
@@ -166,18 +167,23 @@ class RandomEdits : public StudyTest, protected RandomDraws {
       const ApiPmId id(textOf(each));
       std::string name;
       each->getName(name);
+      ZelXmlNode* object = zelXmlNodeOf(each);
+      if (!object) {  // inner nodes stand where their owner does
+        seen["inner " + id.asString()].text = std::to_string(each->type()) + ' ' + name;
+        continue;
+      }
       ApiPmIdList parents, living;  // parents that were deleted stay in the list
-      zelXmlGetParentItemIds(zelXmlNodeOf(each)->getXmlNode(), parents);
+      zelXmlGetParentItemIds(object->getXmlNode(), parents);
       for (const ApiPmId& parent : parents) {
         if (of.getZelNodeFromId(parent)) living.append(parent);
       }
       Seen& entry = seen[id.asString()];
       entry.text = std::to_string(each->type()) + ' ' + name + ' ' + joined(living);
-      ZelNode* parent = zelXmlNodeOf(each)->shownParent();
+      ZelNode* parent = object->shownParent();
       if (living.entries() == 1 && parent) entry.parent = textOf(parent);
       ApiPmId shortcut;
       if (of.findShortcut(id, shortcut)) entry.shortcut = shortcut.asString();
-      zelXmlNodeOf(each)->readAbsoluteLocation(entry.absolute);
+      object->readAbsoluteLocation(entry.absolute);
     }
     return seen;
   }

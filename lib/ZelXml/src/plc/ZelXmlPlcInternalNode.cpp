@@ -45,9 +45,10 @@ ZelNodeType ZelXmlPlcInternalNode::readType(ZelNodeType own) const {
     if (number >= 34 && number <= 75) return static_cast<ZelNodeType>(number + 3);
     return number == 76 ? static_cast<ZelNodeType>(83) : own;
   }
-  RWClassicWString text;
+  std::string buffer;
+  std::string_view text;
   ZelNodeType type = own;
-  if (zelXmlGetField(*this, zelPlcNodeFields.StringType, text))
+  if (getXmlNode().selectText(zelPlcNodeFields.StringType.name, buffer, text))
     ZelPlcTypeConvertor::the().getZelType(text, type);
   return type;
 }
