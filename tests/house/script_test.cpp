@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "Folder.h"
@@ -37,6 +38,23 @@ TEST_F(Script, WithoutDpkgItStopsWithOneLine) {
     EXPECT_EQ(run("", command), 2) << command;
     EXPECT_THAT(folder.read("err"), testing::MatchesRegex("zel: this is no Debian[^\n]*\n")) << command;
   }
+}
+
+// The same seed draws the same faults, which stand where they are told.
+TEST_F(Script, FaultsAreDrawnBySeed) {
+  std::filesystem::create_symlink("/usr/bin/python3", folder.path("python3"));
+  if (!std::filesystem::exists(folder.path("python3"))) GTEST_SKIP() << "needs python3";
+  standIn("dpkg-query", "printf installed");
+  std::string lists[3];
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_EQ(run("", "mutate --list --count 200 lib --seed " + std::to_string(i / 2)), 0)
+        << folder.read("err");
+    lists[i] = folder.read("out");
+  }
+  EXPECT_EQ(lists[0], lists[1]);
+  EXPECT_NE(lists[0], lists[2]);
+  EXPECT_THAT(lists[0], testing::MatchesRegex("(lib/[^:\n]*:[0-9]+: [a-z]+: `[^\n]*` => `[^\n]*`\n)*"));
+  EXPECT_EQ(std::count(lists[0].begin(), lists[0].end(), '\n'), 200);
 }
 
 TEST_F(Script, ABuildElsewhereLeavesTheSourcesAlone) {
