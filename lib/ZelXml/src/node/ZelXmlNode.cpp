@@ -97,7 +97,7 @@ bool ZelXmlNode::replaceElement(const IXMLDOMNode& replacement) {
   if (!wrapper_ || !zelXmlReplaceObject(wrapper_->cachedDOMDocument(), element_, replacement, clone)) {
     return false;
   }
-  element_ = clone;
+  takeElement(clone);
   return true;
 }
 

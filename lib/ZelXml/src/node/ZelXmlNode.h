@@ -76,6 +76,9 @@ class ZelXmlNode : public ZelXmlElementNode {
   bool isOriginal(bool& original) const;
   bool removePlcData();
   bool publishPlcData();
+  // Stands on another element from now on. The nodes inside `plcInfo` follow: those that the new element has
+  // at the same kind of place stay and take their new elements, those that it has not go, new ones come.
+  void takeElement(const IXMLDOMNode& element);
 
   // Publishes the deletion of layout and element of an object with one parent, of the element alone of one
   // without parents; of a shared object only the parent that counts is taken off. False, with nothing done,

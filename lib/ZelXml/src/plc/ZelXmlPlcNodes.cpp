@@ -23,13 +23,24 @@ ZelNode* make(std::unique_ptr<ZelXmlPlcInternalNode> node, ZelXmlNodeHost* wrapp
   return node->create(wrapper, holder, id, type) ? node.release()->pmNode() : nullptr;
 }
 
-template <class Node>
-ZelNode* adopt(ZelXmlNodeHost* wrapper, const IXMLDOMNode& element) {
-  auto node = std::make_unique<Node>();
+ZelNode* adoptAs(std::unique_ptr<ZelXmlPlcInternalNode> node, ZelXmlNodeHost* wrapper,
+                 const IXMLDOMNode& element) {
   return node->adopt(wrapper, element) ? node.release()->pmNode() : nullptr;
 }
 
-// The class of a sensor; null for a type, or an element, that is none.
+// A node of this class that stands on the element already stays.
+template <class Node>
+ZelNode* adopt(ZelXmlNodeHost* wrapper, const IXMLDOMNode& element) {
+  ApiPmId id;
+  if (wrapper && zelXmlGetExternalId(element, id)) {
+    ZelNode* present = wrapper->findPlcInternalNode(id);
+    const auto* node = dynamic_cast<Node*>(zelXmlElementNodeOf(present));
+    if (node && node->getXmlNode() == element) return present;
+  }
+  return adoptAs(std::make_unique<Node>(), wrapper, element);
+}
+
+// The class of a sensor; null for a type that is none.
 std::unique_ptr<ZelXmlPlcInternalNode> sensorOf(ZelNodeType type) {
   switch (type) {
     case ZEL_DEVICE_SENSOR:
@@ -79,7 +90,7 @@ ZelNode* createPlcGroupPose(ZelXmlNodeHost* wrapper, const IXMLDOMNode& parent, 
                             const ApiPmId& id) {
   IXMLDOMElement present;
   if (parent.ownerDocument().findByAttribute("ExternalId", id.text(), present))
-    return adoptPlcGroupPose(wrapper, present);
+    return adoptAs(std::make_unique<ZelXmlGroupPose>(), wrapper, present);
   return make(std::make_unique<ZelXmlGroupPose>(), wrapper, parent, holder, id);
 }
 
@@ -138,12 +149,9 @@ ZelNode* adoptPlcPropertySensor(ZelXmlNodeHost* wrapper, const IXMLDOMNode& elem
 }
 
 ZelNode* adoptPlcSensor(ZelXmlNodeHost* wrapper, const IXMLDOMNode& element) {
-  for (const ZelNodeType type : {ZEL_DEVICE_SENSOR, ZEL_DEVICE_DISTANCE_SENSOR, ZEL_PROXIMITY_SENSOR}) {
-    if (!isOf(element, type)) continue;
-    auto node = sensorOf(type);
-    return node->adopt(wrapper, element) ? node.release()->pmNode() : nullptr;
-  }
-  return nullptr;
+  if (isOf(element, ZEL_DEVICE_SENSOR)) return adopt<ZelXmlDeviceSensor>(wrapper, element);
+  if (isOf(element, ZEL_DEVICE_DISTANCE_SENSOR)) return adopt<ZelXmlDeviceDistanceSensor>(wrapper, element);
+  return isOf(element, ZEL_PROXIMITY_SENSOR) ? adopt<ZelXmlProximitySensor>(wrapper, element) : nullptr;
 }
 
 ZelNode* zelXmlCreateSignal(ZelXmlElementNode& owner, const ZelField<ZelHeldId>& row, ZelNodeType type,

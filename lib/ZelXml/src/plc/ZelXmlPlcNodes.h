@@ -21,8 +21,8 @@ ZelNode* createPlcSignalInstance(ZelXmlNodeHost* wrapper, const IXMLDOMNode& par
                                  const ApiPmId& id);
 ZelNode* createPlcPose(ZelXmlNodeHost* wrapper, const IXMLDOMNode& parent, std::string_view holder,
                        const ApiPmId& id);
-// The first element of the document that has the id is adopted, whatever it is, an object too; a holder is
-// made only where there is none.
+// The first element of the document that has the id is adopted anew, whatever it is, an object too; a holder
+// is made only where there is none.
 ZelNode* createPlcGroupPose(ZelXmlNodeHost* wrapper, const IXMLDOMNode& parent, std::string_view holder,
                             const ApiPmId& id);
 // Null, with nothing made, for any type but that of projectors.

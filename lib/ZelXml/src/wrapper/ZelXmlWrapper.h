@@ -85,9 +85,8 @@ class ZelXmlWrapper : public ZelVorWrapper, public ZelXmlNodeHost {
   // for one without; `deleted` the ids whose nodes went. Both are appended to. Nothing is published; roots
   // are gathered anew.
   //
-  // Node pointers survive: a node takes a copy of the new element. The nodes of PLC elements inside a
-  // replaced object do not follow: they stay tied to the old element, and new ones get no node until the next
-  // build.
+  // Node pointers survive: a node takes a copy of the new element, and so do the nodes of PLC elements inside
+  // it, as ZelXmlNode::takeElement tells.
   //
   // False when the referenced files cannot be prepared (nothing has changed then), or when a child to remove
   // cannot be found: the removals end there, with everything else done. What a removed child leaves: its

@@ -210,7 +210,7 @@ bool ZelXmlWrapper::replaceDOMDocumentNode(const ApiPmId& id, const IXMLDOMEleme
       !zelXmlAppendChild(section, element)) {
     return false;
   }
-  if (ZelXmlNode* node = zelXmlNodeFromId(id)) node->setXmlNode(element);
+  if (ZelXmlNode* node = zelXmlNodeFromId(id)) node->takeElement(element);
   return cachedDOMDocument().replaceCachedNode(DOMDocument(), id, element) && zelXmlRemoveChild(section, old);
 }
 
