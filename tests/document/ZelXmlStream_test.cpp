@@ -84,6 +84,10 @@ TEST_F(DocumentStream, NamedFieldsMakeAnElementOfTheirOwnOrReplaceThoseThatStand
   zelXmlRemoveNamedChild(element("q"), "plcInfo");
   EXPECT_TRUE(zelXmlPublishFields(out, element("q"), fields));
   EXPECT_EQ(root(out), updates(bare("Q", "q", "<NodeInfo>i</NodeInfo>")));
+
+  const IXMLDOMDocument other = parse("<Other/>");
+  EXPECT_FALSE(zelXmlPublishFields(other, element("q"), fields));
+  EXPECT_EQ(root(other), "<Other/>");
 }
 
 TEST_F(DocumentStream, ADeletionLeavesTheUpdateAndTakesItsPlaceInTheIndex) {

@@ -65,6 +65,14 @@ TEST_F(DocumentTransforms, AMoveWithinRoundingChangesNothing) {
   EXPECT_EQ(text("a", "rotation"), "0.0000000.0000000.000001");
 }
 
+TEST_F(DocumentTransforms, ALayoutIsMadeForAnObjectOnly) {
+  open(placed("a", "1", "1"));
+  IXMLDOMNode layout;
+  EXPECT_FALSE(zelXmlCreateLayoutElement(study, "PmLayout", at(study, "Data/Objects"), layout, true));
+  EXPECT_FALSE(layout);
+  EXPECT_TRUE(zelXmlCreateLayoutElement(study, "PmStudyLayout", at(study, "Data/Objects"), layout, false));
+}
+
 TEST_F(DocumentTransforms, PropagationEndsAtTheFirstLayoutThatCannotBeWritten) {
   open(placed("a", "0", "0", "b c d") + placed("b", "1", "1") + placed("c", "2", "") + placed("d", "3", "3"));
   EXPECT_FALSE(zelXmlPropagateAbsoluteLocation(study, element("a"), along(10)));

@@ -123,6 +123,25 @@ TEST_F(DomTree, AnElementTakesItsOwnTextInPieces) {
   }
 }
 
+TEST_F(DomTree, AChangeGivesAllAboveItAnotherStamp) {
+  const IXMLDOMDocument document = parsed("<a><b><c>text</c></b><d/></a>");
+  const IXMLDOMNode a = document.documentElement(), b = at(a, "b"), c = at(b, "c"), d = at(a, "d");
+  const IXMLDOMNode made = document.createElement("e");
+  const std::vector<std::pair<const char*, std::function<bool()>>> changes = {
+      {"a new child", [&] { return b.appendChild(made); }},
+      {"a child from elsewhere", [&] { return b.appendChild(d); }},
+      {"a removed child", [&] { return b.removeChild(made); }},
+      {"a text", [&] { return c.putText("other"); }},
+      {"an attribute", [&] { return IXMLDOMElement(c).setAttribute("x", "1"); }},
+  };
+  for (const auto& [name, change] : changes) {
+    const auto above = a.changeStamp(), here = b.changeStamp();
+    EXPECT_TRUE(change()) << name;
+    EXPECT_NE(a.changeStamp(), above) << name;
+    EXPECT_NE(b.changeStamp(), here) << name;
+  }
+}
+
 TEST_F(DomTree, EqualIsWhatIsWrittenAlike) {
   const IXMLDOMDocument document = parsed(
       "<r><o/><o> </o><o>t</o><o>t</o><o>text of many bytes</o><p>t</p><o a='1'/><o a='1'/><o a='2'/><o "

@@ -91,6 +91,7 @@ const std::vector<Case> cases = {
        "<children><item>O</item></children><parents><item>O</item></parents><processResource>"}},
      {"O"},
      "children"},
+    {"reference-left", {{"<node>B</node><note", "<node>Q</node><note"}}, {"L", "Q"}, "node"},
     {"label-node", {{"<node>B</node><note", "<node>A</node><note"}}, {"L", "A"}, "node"},
     {"layout-node", {{"<node>B</node><NodeInfo>", "<node>C</node><NodeInfo>"}}, {"LB", "B", "C"}, "node"},
     {"layout-node", {{"", placed("PmLayout", "X", 0, "<parent/><node>C</node>")}}, {"X", "C"}, "node"},

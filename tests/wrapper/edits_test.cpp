@@ -82,6 +82,11 @@ TEST_F(EditsTest, ListsThatDisagreeMakeNoCycleEither) {
   wrapper->relevantParentFinder().removeRelevantParent(ApiPmId("B"));
   EXPECT_FALSE(collection("B")->moveChild(node("A")));
   EXPECT_EQ(list("B", "children"), "");
+  // Only the finder names A as the parent of B: no list below A does.
+  build(part("A", "", "") + part("B", "A", "") + layout("LA", "A") + layout("LB", "B"));
+  wrapper->setRelevantParent(ApiPmId("B"), ApiPmId("A"));
+  EXPECT_FALSE(collection("B")->moveChild(node("A")));
+  EXPECT_EQ(list("B", "children"), "");
 }
 
 TEST_F(EditsTest, LocationsAreThoseOfParentStudyOrDocument) {
@@ -244,6 +249,23 @@ TEST_F(EditsTest, LocalEditsPublishNothing) {
   EXPECT_EQ(list("LB", "children") + list("B", "children"), "");
   EXPECT_FALSE(zelQuery<ZelVorCollection>(node("S"))->moveChildLocally(node("A")));
   EXPECT_EQ(updated() + deleted(), "");
+}
+
+TEST_F(EditsTest, AFailingStepEndsAnEdit) {
+  // X has no layout that could leave first.
+  build(part("A", "", "X") + part("X", "A", "-") + layout("LA", "A"));
+  EXPECT_FALSE(zelQuery<ZelVorCollection>(node("A"))->removeChildLocally(ApiPmId("X")));
+  EXPECT_NE(node("X"), nullptr);
+  EXPECT_EQ(list("A", "children"), "X");
+
+  // N, a former child of A, still has its layout below that of A, and cannot be placed without it.
+  build(part("A", "", "") + layout("LA", "A"));
+  ASSERT_TRUE(collection("A")->createChild(ZEL_COMPOUND_PART, ApiPmId("N")));
+  ASSERT_TRUE(collection("N")->createChild(ZEL_COMPOUND_PART, ApiPmId("M")));
+  ASSERT_TRUE(wrapper->addRootFromOtherParent(node("N")));
+  ASSERT_TRUE(zelXmlRemoveNamedChild(element(text("N", "layout")), "NodeInfo"));
+  EXPECT_FALSE(collection("M")->moveChild(node("A")));
+  EXPECT_EQ(list(text("M", "layout"), "children"), "");
 }
 
 TEST_F(EditsTest, AFailedLocalMoveLeavesARootAmongTheRoots) {
